@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: MIT
+
+# The flags that every target of the program shares.
+add_library(sablequill_flags INTERFACE)
+target_compile_options(sablequill_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual)
+target_compile_definitions(sablequill_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+if(SABLEQUILL_WERROR)
+    target_compile_options(sablequill_flags INTERFACE -Werror)
+endif()
+if(SABLEQUILL_SANITIZE)
+    target_compile_options(sablequill_flags INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(sablequill_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# sablequill_layer(<name> SOURCES <file>... LINKS <target>... [PRIVATE_LINKS <target>...])
+#
+# One static library per layer. Its headers are visible only to the layers that link it, so that an
+# include against the direction of the layers does not compile.
+function(sablequill_layer name)
+    cmake_parse_arguments(LAYER "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(sablequill_${name} STATIC ${LAYER_SOURCES})
+    set_target_properties(sablequill_${name} PROPERTIES AUTOMOC ON)
+    target_include_directories(sablequill_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(sablequill_${name}
+        PUBLIC sablequill_flags ${LAYER_LINKS}
+        PRIVATE ${LAYER_PRIVATE_LINKS})
+endfunction()
