@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "PanelWindow.h"
+
+#include <QMouseEvent>
+#include <QPainterPath>
+#include <QWindow>
+
+#include <utility>
+
+namespace sablequill {
+namespace {
+
+QRegion roundedRegion(const QRect& rect, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(rect, radius, radius);
+    return QRegion(path.toFillPolygon().toPolygon());
+}
+
+} // namespace
+
+PanelWindow::PanelWindow(Qt::WindowFlags flags)
+    : QWidget(nullptr, flags)
+    , handles(this)
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::NoFocus);
+    connect(&handles, &ResizeHandles::began, this, [this] {
+        cardAtPress = card();
+        Q_EMIT dragChanged(true);
+    });
+    connect(&handles, &ResizeHandles::moved, this, &PanelWindow::pull);
+    connect(&handles, &ResizeHandles::ended, this, [this] {
+        Q_EMIT dragChanged(false);
+        Q_EMIT liveResizeEnded();
+    });
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::setContent(std::unique_ptr<PanelContent> next)
+{
+    const QRect kept = card();
+    content = std::move(next);
+    view = dynamic_cast<QWidget*>(content.get());
+    Q_ASSERT(view);
+    view->setParent(this);
+    view->show();
+    setComposited(isComposited);
+    setCard(kept);
+    layOut();
+}
+
+void PanelWindow::setComposited(bool next)
+{
+    const QRect kept = card();
+    isComposited = next;
+    margins = content && isComposited ? content->shadowReach() : QMargins();
+    if (content)
+        content->setComposited(isComposited);
+    setCard(kept);
+    layOut();
+}
+
+QRect PanelWindow::card() const
+{
+    return geometry().marginsRemoved(margins);
+}
+
+void PanelWindow::setCard(const QRect& next)
+{
+    setGeometry(next.marginsAdded(margins));
+    reportChange();
+}
+
+QRect PanelWindow::cardInWindow() const
+{
+    return rect().marginsRemoved(margins);
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == windowHandle() && event->type() == QEvent::MouseButtonPress)
+        Q_EMIT pressed();
+    return QWidget::eventFilter(watched, event);
+}
+
+void PanelWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    windowHandle()->removeEventFilter(this);
+    windowHandle()->installEventFilter(this);
+}
+
+void PanelWindow::moveEvent(QMoveEvent* event)
+{
+    QWidget::moveEvent(event);
+    reportChange();
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    layOut();
+    reportChange();
+}
+
+void PanelWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !isMovableByBackground)
+        return;
+    cardAtPress = card();
+    pressedAt = event->globalPosition().toPoint();
+    isMoving = true;
+    Q_EMIT dragChanged(true);
+}
+
+void PanelWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isMoving)
+        setCard(cardAtPress.translated(event->globalPosition().toPoint() - pressedAt));
+}
+
+void PanelWindow::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!isMoving || event->button() != Qt::LeftButton)
+        return;
+    isMoving = false;
+    Q_EMIT dragChanged(false);
+}
+
+void PanelWindow::pull(const QMargins& grip, QPoint way)
+{
+    if (isResizable)
+        setCard(resizedCard(cardAtPress, grip, way, minimumCard));
+}
+
+void PanelWindow::layOut()
+{
+    if (view)
+        view->setGeometry(rect());
+    handles.layOut(cardInWindow());
+    if (isComposited || !content)
+        clearMask();
+    else
+        setMask(roundedRegion(rect(), content->cornerRadius()));
+    Q_EMIT shapeChanged();
+}
+
+void PanelWindow::reportChange()
+{
+    const QRect now = card();
+    const QRect before = std::exchange(reported, now);
+    // The frame that the window is made with is no change.
+    if (before.isNull())
+        return;
+    if (before.topLeft() != now.topLeft())
+        Q_EMIT cardMoved();
+    if (before.size() != now.size())
+        Q_EMIT cardResized();
+}
+
+} // namespace sablequill

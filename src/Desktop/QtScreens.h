@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Screens.h"
+
+namespace sablequill {
+
+class QtScreens final : public Screens {
+public:
+    std::optional<Rect> mainVisibleFrame() const override;
+};
+
+} // namespace sablequill

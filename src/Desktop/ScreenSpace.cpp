@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "ScreenSpace.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace sablequill::ScreenSpace {
+namespace {
+
+/// The toolkit's coordinates of the point (0, 0).
+QPoint origin()
+{
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    if (!primary)
+        return {};
+    const QRect geometry = primary->geometry();
+    return {geometry.x(), geometry.y() + geometry.height()};
+}
+
+int gap(int low, int high, int from, int to)
+{
+    return std::max({0, from - high, low - to});
+}
+
+long long squaredDistance(const QRect& a, const QRect& b)
+{
+    const long long dx = gap(a.left(), a.right(), b.left(), b.right());
+    const long long dy = gap(a.top(), a.bottom(), b.top(), b.bottom());
+    return dx * dx + dy * dy;
+}
+
+/// A coordinate at which `length` lies inside the range, at its start when it does not fit.
+int moveInside(int start, int length, int rangeStart, int rangeLength)
+{
+    return std::max(rangeStart, std::min(start, rangeStart + rangeLength - length));
+}
+
+} // namespace
+
+QRect toToolkit(const Rect& rect)
+{
+    const QPoint zero = origin();
+    const int width = static_cast<int>(std::lround(rect.width));
+    const int height = static_cast<int>(std::lround(rect.height));
+    return {zero.x() + static_cast<int>(std::lround(rect.x)),
+        zero.y() - static_cast<int>(std::lround(rect.y)) - height, width, height};
+}
+
+Rect fromToolkit(const QRect& rect)
+{
+    const QPoint zero = origin();
+    return {static_cast<double>(rect.x() - zero.x()),
+        static_cast<double>(zero.y() - rect.y() - rect.height()), static_cast<double>(rect.width()),
+        static_cast<double>(rect.height())};
+}
+
+QRect movedOntoScreen(const QRect& rect)
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto shows = [&](const QScreen* screen) { return screen->geometry().intersects(rect); };
+    if (screens.isEmpty() || std::any_of(screens.begin(), screens.end(), shows))
+        return rect;
+    const QScreen* nearest =
+        *std::min_element(screens.begin(), screens.end(), [&](const QScreen* a, const QScreen* b) {
+            return squaredDistance(a->geometry(), rect) < squaredDistance(b->geometry(), rect);
+        });
+    const QRect area = nearest->availableGeometry();
+    return {moveInside(rect.x(), rect.width(), area.x(), area.width()),
+        moveInside(rect.y(), rect.height(), area.y(), area.height()), rect.width(), rect.height()};
+}
+
+} // namespace sablequill::ScreenSpace

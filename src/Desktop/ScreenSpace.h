@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Rect.h"
+
+#include <QRect>
+
+/// The one place where the program's coordinates (points, origin at the bottom left of the primary
+/// screen, y up) and the toolkit's (device-independent pixels, origin at the top left of the
+/// virtual desktop, y down) meet. Without a screen the two differ by the sign of y alone.
+namespace sablequill::ScreenSpace {
+
+QRect toToolkit(const Rect& rect);
+Rect fromToolkit(const QRect& rect);
+
+/// The rectangle itself when any part of it is on a screen, otherwise moved, and not resized, onto
+/// the nearest one.
+QRect movedOntoScreen(const QRect& rect);
+
+} // namespace sablequill::ScreenSpace

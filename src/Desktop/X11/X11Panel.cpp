@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "X11Panel.h"
+
+#include "Constants.h"
+#include "ScreenSpace.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
+#include <utility>
+#include <xcb/shape.h>
+
+namespace sablequill {
+
+X11Panel::X11Panel(const PanelDescription& description, const XServer& server)
+    : server(server)
+    , canBecomeKey(description.canBecomeKey)
+    , window(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint)
+    , alpha([this](double value) { window.setWindowOpacity(value); })
+    , compositor(server)
+    , stacking(server)
+    , focus(server)
+{
+    window.setWindowTitle(Constants::appName);
+    window.setWindowRole(QStringLiteral("overlay"));
+    // Compositors draw no shadow of their own round such a window.
+    window.setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
+    window.isResizable = (description.styleMask & StyleMask::resizable) != 0;
+    window.setComposited(compositor.isComposited());
+    window.setCard(ScreenSpace::toToolkit(description.contentRect));
+    connectWindow();
+}
+
+X11Panel::~X11Panel() = default;
+
+void X11Panel::connectWindow()
+{
+    connect(&compositor, &CompositorWatch::compositedChanged, &window, &PanelWindow::setComposited);
+    connect(&window, &PanelWindow::shapeChanged, this, &X11Panel::applyInputShape);
+    connect(&window, &PanelWindow::pressed, this, &X11Panel::makeKey);
+    connect(&window, &PanelWindow::dragChanged, this,
+        [this](bool isDragging) { focus.isDragging = isDragging; });
+    connect(&window, &PanelWindow::cardMoved, this, [this] {
+        if (delegate)
+            delegate->windowDidMove(this);
+    });
+    connect(&window, &PanelWindow::cardResized, this, [this] {
+        if (delegate)
+            delegate->windowDidResize(this);
+    });
+    connect(&window, &PanelWindow::liveResizeEnded, this, [this] {
+        if (didEndLiveResize)
+            didEndLiveResize(this);
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::moveOntoScreen,
+        Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Panel::moveOntoScreen,
+        Qt::QueuedConnection);
+}
+
+void X11Panel::setAttributes(const PanelAttributes& attributes)
+{
+    window.minimumCard = QSize(static_cast<int>(std::lround(attributes.minWidth)),
+        static_cast<int>(std::lround(attributes.minHeight)));
+    window.isMovableByBackground = attributes.isMovableByWindowBackground;
+}
+
+void X11Panel::setMovableByWindowBackground(bool isMovable)
+{
+    window.isMovableByBackground = isMovable;
+}
+
+void X11Panel::setContent(std::unique_ptr<PanelContent> content)
+{
+    window.setContent(std::move(content));
+}
+
+void X11Panel::setDelegate(PanelDelegate* next)
+{
+    delegate = next;
+}
+
+void X11Panel::setDidEndLiveResize(std::function<void(Panel*)> observer)
+{
+    didEndLiveResize = std::move(observer);
+}
+
+void X11Panel::setLevel(WindowLevel next)
+{
+    if (std::exchange(level, next) != next)
+        keepStacking();
+}
+
+void X11Panel::setCollectionBehavior(unsigned)
+{
+    // No window manager manages this window: it is on every workspace and in no list by its kind.
+}
+
+void X11Panel::setSharingType(SharingType)
+{
+    // Every client of an X server may read the screen's contents: there is nobody to ask.
+}
+
+void X11Panel::setAlpha(double value)
+{
+    alpha.setAlpha(value);
+}
+
+void X11Panel::animateAlpha(double value, AlphaAnimation animation)
+{
+    alpha.animate(value, std::move(animation));
+}
+
+void X11Panel::orderFrontRegardless()
+{
+    moveOntoScreen();
+    if (window.isVisible())
+        window.raise();
+    else
+        window.show();
+    applyInputShape();
+    keepStacking();
+}
+
+void X11Panel::orderOut()
+{
+    stacking.keepOnTop(noWindow);
+    focus.giveBack();
+    window.hide();
+}
+
+void X11Panel::makeKey()
+{
+    if (canBecomeKey && window.isVisible() && !focus.hasFocus())
+        focus.take(static_cast<xcb_window_t>(window.winId()));
+}
+
+bool X11Panel::isVisible() const
+{
+    return window.isVisible();
+}
+
+Rect X11Panel::frame() const
+{
+    return ScreenSpace::fromToolkit(window.card());
+}
+
+void X11Panel::applyInputShape()
+{
+    if (!window.isVisible())
+        return;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const double scale = window.devicePixelRatioF();
+    const auto pixels = [&](int points) { return static_cast<int>(std::lround(points * scale)); };
+    const QRect card = window.cardInWindow();
+    const xcb_rectangle_t area{static_cast<std::int16_t>(pixels(card.x())),
+        static_cast<std::int16_t>(pixels(card.y())),
+        static_cast<std::uint16_t>(pixels(card.width())),
+        static_cast<std::uint16_t>(pixels(card.height()))};
+    xcb_shape_rectangles(server.connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
+        XCB_CLIP_ORDERING_UNSORTED, id, 0, 0, 1, &area);
+}
+
+void X11Panel::keepStacking()
+{
+    const bool isKeptUp = level == WindowLevel::floating && window.isVisible();
+    stacking.keepOnTop(isKeptUp ? static_cast<xcb_window_t>(window.winId()) : noWindow);
+}
+
+void X11Panel::moveOntoScreen()
+{
+    const QRect card = window.card();
+    const QRect moved = ScreenSpace::movedOntoScreen(card);
+    if (moved != card)
+        window.setCard(moved);
+}
+
+X11PanelFactory::X11PanelFactory(const XServer& server)
+    : server(server)
+{
+}
+
+std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
+{
+    return std::make_unique<X11Panel>(description, server);
+}
+
+} // namespace sablequill

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "AlphaAnimator.h"
+#include "CompositorWatch.h"
+#include "FocusKeeper.h"
+#include "Panel.h"
+#include "PanelWindow.h"
+#include "StackingKeeper.h"
+#include "XServer.h"
+
+#include <functional>
+
+namespace sablequill {
+
+/// A panel in an X11 session: an override-redirect window, the only kind that every window manager
+/// leaves above a focused full-screen window. What a window manager would do for it, it does
+/// itself.
+class X11Panel final : public QObject, public Panel {
+    Q_OBJECT
+
+public:
+    /// The server outlives the panel.
+    X11Panel(const PanelDescription& description, const XServer& server);
+    ~X11Panel() override;
+
+    void setAttributes(const PanelAttributes& attributes) override;
+    void setMovableByWindowBackground(bool isMovable) override;
+    void setContent(std::unique_ptr<PanelContent> content) override;
+    void setDelegate(PanelDelegate* delegate) override;
+    void setDidEndLiveResize(std::function<void(Panel* window)> observer) override;
+    void setLevel(WindowLevel level) override;
+    void setCollectionBehavior(unsigned behavior) override;
+    void setSharingType(SharingType type) override;
+    void setAlpha(double alpha) override;
+    void animateAlpha(double alpha, AlphaAnimation animation) override;
+    void orderFrontRegardless() override;
+    void orderOut() override;
+    void makeKey() override;
+    bool isVisible() const override;
+    Rect frame() const override;
+
+private:
+    void connectWindow();
+    void applyInputShape();
+    void keepStacking();
+    void moveOntoScreen();
+
+    const XServer& server;
+    const bool canBecomeKey;
+    PanelWindow window;
+    AlphaAnimator alpha;
+    CompositorWatch compositor;
+    StackingKeeper stacking;
+    FocusKeeper focus;
+    PanelDelegate* delegate = nullptr;
+    std::function<void(Panel*)> didEndLiveResize;
+    WindowLevel level = WindowLevel::normal;
+};
+
+class X11PanelFactory final : public PanelFactory {
+public:
+    /// The server outlives the factory and its panels.
+    explicit X11PanelFactory(const XServer& server);
+
+    std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
+
+private:
+    const XServer& server;
+};
+
+} // namespace sablequill

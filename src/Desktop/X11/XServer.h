@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+#include <xcb/xcb.h>
+
+namespace sablequill {
+
+inline constexpr xcb_window_t noWindow = XCB_WINDOW_NONE;
+inline constexpr xcb_atom_t noAtom = XCB_ATOM_NONE;
+
+struct FreeDeleter {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+/// A reply or an event of the X server, owned.
+template <typename T> using XReply = std::unique_ptr<T, FreeDeleter>;
+
+/// The toolkit's own connection to the X server and what the program asks over it. Errors are
+/// swallowed: windows of other programs come and go at any time.
+class XServer {
+public:
+    XServer();
+
+    xcb_connection_t* const connection;
+    const xcb_window_t root;
+    const int screenNumber;
+
+    xcb_atom_t atom(std::string_view name) const;
+    /// Adds to what this program hears of a window, keeping what it hears already.
+    void addEventMask(xcb_window_t window, std::uint32_t mask) const;
+    std::optional<xcb_window_t> windowProperty(xcb_window_t window, xcb_atom_t property) const;
+    bool hasProperty(xcb_window_t window, xcb_atom_t property) const;
+    /// From bottom to top in stacking order.
+    std::vector<xcb_window_t> children(xcb_window_t window) const;
+    /// None for the root and for windows that are gone.
+    xcb_window_t parent(xcb_window_t window) const;
+    /// Whether `window` is `ancestor` or lies inside it.
+    bool isInside(xcb_window_t window, xcb_window_t ancestor) const;
+    bool isViewable(xcb_window_t window) const;
+    /// Whether `window` is a top-level window of this program.
+    bool isOwn(xcb_window_t window) const;
+    /// The child of the root under the pointer, with regard to input shapes; none over the bare
+    /// root.
+    xcb_window_t windowUnderPointer() const;
+    /// The window that the window manager calls active, if it names one.
+    std::optional<xcb_window_t> activeWindow() const;
+    xcb_window_t focusedWindow() const;
+    void setFocus(xcb_window_t window) const;
+};
+
+/// Hands every event of the toolkit's connection to a function, before the toolkit sees it, for as
+/// long as this object lives. The function returns true to keep the event from the toolkit.
+class XEventFilter : private QAbstractNativeEventFilter {
+public:
+    explicit XEventFilter(std::function<bool(const xcb_generic_event_t& event)> filter);
+    ~XEventFilter() override;
+
+private:
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+    std::function<bool(const xcb_generic_event_t&)> filter;
+};
+
+/// The event's type without the bit that tells who sent it.
+inline int eventType(const xcb_generic_event_t& event)
+{
+    return event.response_type & 0x7f;
+}
+
+/// The event as the structure that its type stands for.
+template <typename T> const T& eventAs(const xcb_generic_event_t& event)
+{
+    return reinterpret_cast<const T&>(event);
+}
+
+} // namespace sablequill
