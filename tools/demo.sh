@@ -1,0 +1,173 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+#
+# demo.sh PROGRAM FOLDER: shows the program at work above another program's full-screen slide, by
+# real key presses on a virtual display, and leaves screenshots in FOLDER. Fails at the first step
+# that does not show. Its notes and settings live in a home of their own that goes away afterwards.
+set -euo pipefail
+
+program="$(realpath "$1")"
+mkdir -p "$2"
+shots="$(realpath "$2")"
+here="$(dirname "$(realpath "${BASH_SOURCE[0]}")")"
+private="$(mktemp -d)"
+started=()
+
+# Ends what was started, last first, so that no client outlives its server.
+finish() {
+    local index
+    for ((index = ${#started[@]} - 1; index >= 0; index--)); do
+        kill "${started[index]}" 2>/dev/null || true
+        wait "${started[index]}" 2>/dev/null || true
+    done
+    rm -rf "$private"
+}
+trap finish EXIT
+trap 'exit 130' INT TERM
+
+# start NAME COMMAND...: in the background, its output kept in a file of that name.
+start() {
+    local name="$1"
+    shift
+    "$@" >"$private/$name.log" 2>&1 </dev/null &
+    started+=($!)
+}
+
+fail() {
+    echo "NOT seen: $1" >&2
+    if [ -s "$private/program.log" ]; then
+        echo "The program said:" >&2
+        cat "$private/program.log" >&2
+    fi
+    exit 1
+}
+
+# await WHAT COMMAND...: until the command succeeds, ten seconds at most.
+await() {
+    local what="$1" deadline=$((SECONDS + 10))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        [ "$SECONDS" -lt "$deadline" ] || fail "$what"
+        sleep 0.05
+    done
+    echo "seen: $what"
+}
+
+# capture FILE: the screen once it no longer changes; fails when it never stands still.
+capture() {
+    local deadline=$((SECONDS + 10))
+    import -silent -window root "$1"
+    until cp "$1" "$private/before.png" && import -silent -window root "$1" &&
+        same_picture "$private/before.png" "$1"; do
+        [ "$SECONDS" -lt "$deadline" ] || return 1
+    done
+}
+
+# same_picture A B: whether not one pixel differs.
+same_picture() {
+    [ "$(compare -metric AE "$1" "$2" null: 2>&1)" = 0 ]
+}
+
+screenshot() {
+    capture "$shots/$1.png" || fail "the screen at rest"
+    pictures+=("$shots/$1.png")
+}
+
+differs_from_slide() {
+    capture "$private/now.png" && ! same_picture "$private/slide-alone.png" "$private/now.png"
+}
+
+shows_slide_alone() {
+    capture "$private/now.png" && same_picture "$private/slide-alone.png" "$private/now.png"
+}
+
+slide_has_keyboard() {
+    [ "$(xdotool getwindowfocus)" = "$slide" ]
+}
+
+slide_lost_keyboard() {
+    ! slide_has_keyboard
+}
+
+overlay_is_mapped() {
+    xdotool search --onlyvisible --class '^sablequill$'
+}
+
+overlay_is_unmapped() {
+    ! overlay_is_mapped
+}
+
+is_saved() {
+    grep -qF "$1" "$XDG_DATA_HOME/Sablequill/notes.json"
+}
+
+free_display() {
+    local number
+    while number=$((RANDOM % 20000 + 100)) && [ -e "/tmp/.X11-unix/X$number" ]; do :; done
+    echo ":$number"
+}
+
+make_home() {
+    export HOME="$private/home" XDG_DATA_HOME="$private/home/.local/share"
+    export XDG_CONFIG_HOME="$private/home/.config" XDG_CACHE_HOME="$private/home/.cache"
+    export XDG_RUNTIME_DIR="$private/runtime"
+    mkdir -p "$XDG_DATA_HOME/Sablequill" "$XDG_CONFIG_HOME" "$XDG_CACHE_HOME"
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+    cp "$here/demo/notes.json" "$here/demo/settings.json" "$XDG_DATA_HOME/Sablequill/"
+}
+
+start_desktop() {
+    DISPLAY="$(free_display)"
+    export DISPLAY
+    start server Xvfb "$DISPLAY" -screen 0 1280x800x24 -noreset -nolisten tcp
+    await "a display" xdotool getdisplaygeometry
+    start manager openbox
+    start compositor picom --backend xrender --config /dev/null
+    "$here/demo/draw-slide.sh" "$private/slide.png"
+    start slide feh --fullscreen --hide-pointer --class slide "$private/slide.png"
+    await "another program's slide, full screen" xdotool search --onlyvisible --class '^slide$'
+    slide="$(xdotool search --onlyvisible --class '^slide$')"
+    await "the slide has the keyboard" slide_has_keyboard
+    capture "$private/slide-alone.png" || fail "the screen at rest"
+}
+
+pictures=()
+make_home
+start_desktop
+
+start program "$program"
+program_id="${started[-1]}"
+await "the overlay's window" overlay_is_mapped
+await "the overlay above the slide" differs_from_slide
+await "the keyboard still with the slide" slide_has_keyboard
+screenshot 1-above-a-full-screen-slide
+
+xdotool key super+shift+g
+await "toggle: the overlay goes away" overlay_is_unmapped
+await "toggle: nothing of it is left" shows_slide_alone
+screenshot 2-toggled-away
+
+xdotool key super+shift+g
+await "toggle: the overlay comes back" overlay_is_mapped
+await "toggle: above the slide" differs_from_slide
+xdotool key super+shift+Down
+await "the keyboard still with the slide" slide_has_keyboard
+screenshot 3-next-note
+! same_picture "${pictures[0]}" "${pictures[2]}" || fail "next note: another text"
+
+xdotool key super+shift+Up
+xdotool key super+shift+o
+await "quick open: the keyboard with the overlay" slide_lost_keyboard
+xdotool key ctrl+Home
+xdotool key End
+xdotool type --delay 20 ', slowly'
+await "quick open: what is typed is on disk" is_saved '# Opening, slowly'
+screenshot 4-quick-open
+
+kill -TERM "$program_id"
+wait "$program_id" && status=0 || status=$?
+[ "$status" -eq 0 ] || fail "a clean end (it ended with status $status)"
+echo "seen: a clean end"
+
+echo "Screenshots:"
+printf '  %s\n' "${pictures[@]}"
