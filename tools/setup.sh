@@ -29,6 +29,16 @@ is_present() {
     esac
 }
 
+in_words() {
+    local what="${1#*:}"
+    case "$1" in
+    cmd:*) echo "command $what" ;;
+    pc:*) echo "pkg-config module $what" ;;
+    header:*) echo "header $what" ;;
+    font:*) echo "font $what" ;;
+    esac
+}
+
 # The names of the packages that are not installed, one a line.
 missing_packages() {
     local names
@@ -74,7 +84,7 @@ set_up() {
         return
     fi
     while read -r package probe; do
-        is_present "$probe" || missing+=("  ${probe/:/ } (Debian: $package)")
+        is_present "$probe" || missing+=("  $(in_words "$probe") (Debian: $package)")
     done < <(packages_of "$@")
     [ "${#missing[@]}" -eq 0 ] && return
     echo "Only Debian packages are installed from here. Missing on this system:" >&2
