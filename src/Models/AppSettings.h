@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Decoded.h"
 #include "KeyboardShortcutBinding.h"
 #include "OverlayFrame.h"
 
+#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <map>
@@ -32,5 +35,13 @@ struct AppSettings {
 
     bool operator==(const AppSettings&) const = default;
 };
+
+/// The bytes of settings.json: indented, keys sorted, no key for an absent frame. Nothing when a
+/// number is not finite, which JSON cannot say.
+std::optional<QByteArray> encodeSettings(const AppSettings& settings);
+
+/// Reads settings.json whole: a required key that is missing or a value of another type refuses all
+/// of it. Unknown keys are ignored; the shortcuts are taken as they stand.
+Decoded<AppSettings> decodeSettings(QByteArrayView json);
 
 } // namespace sablequill

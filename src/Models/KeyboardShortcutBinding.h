@@ -49,15 +49,20 @@ struct KeyboardShortcutBinding {
 };
 
 inline constexpr KeyboardShortcutBinding::ModifierFlags
-    KeyboardShortcutBinding::ModifierFlags::command {1};
+    KeyboardShortcutBinding::ModifierFlags::command{1};
 inline constexpr KeyboardShortcutBinding::ModifierFlags
-    KeyboardShortcutBinding::ModifierFlags::shift {2};
+    KeyboardShortcutBinding::ModifierFlags::shift{2};
 inline constexpr KeyboardShortcutBinding::ModifierFlags
-    KeyboardShortcutBinding::ModifierFlags::option {4};
+    KeyboardShortcutBinding::ModifierFlags::option{4};
 inline constexpr KeyboardShortcutBinding::ModifierFlags
-    KeyboardShortcutBinding::ModifierFlags::control {8};
+    KeyboardShortcutBinding::ModifierFlags::control{8};
 
 } // namespace sablequill
+
+template <> struct std::hash<sablequill::KeyboardShortcutBinding::ModifierFlags> {
+    std::size_t operator()(
+        sablequill::KeyboardShortcutBinding::ModifierFlags modifiers) const noexcept;
+};
 
 template <> struct std::hash<sablequill::KeyboardShortcutBinding> {
     std::size_t operator()(const sablequill::KeyboardShortcutBinding& binding) const noexcept;

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Decoded.h"
 #include "Timestamp.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QUuid>
 
 #include <cstddef>
 #include <functional>
+#include <vector>
 
 namespace sablequill {
 
@@ -24,6 +27,10 @@ struct MirkpadItem {
 
     bool operator==(const MirkpadItem&) const = default;
 };
+
+/// Reads notes.json whole: one record without one of its five keys, or with a value of another type
+/// or form, refuses all of them. Unknown keys are ignored.
+Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json);
 
 } // namespace sablequill
 

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Decoded.h"
+#include "Timestamp.h"
+
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
+#include <QUuid>
+
+#include <simdjson.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <type_traits>
+#include <vector>
+
+/// How values of each type are read from JSON and written to it. Only the sources of this layer see
+/// this header.
+namespace sablequill::json {
+
+using Element = simdjson::dom::element;
+
+/// `read` refuses a value of another type; `write` never fails. The key is a property of the record
+/// that holds the value, not of the value.
+template <typename T> struct Codec;
+
+template <> struct Codec<bool> {
+    static Decoded<bool> read(Element element);
+    static QJsonValue write(bool value) { return value; }
+};
+
+/// Any JSON number. The value written is finite, or null is written.
+template <> struct Codec<double> {
+    static Decoded<double> read(Element element);
+    static QJsonValue write(double value) { return value; }
+};
+
+/// An integer from 0 to 4294967295; 5.0 is one.
+template <> struct Codec<std::uint32_t> {
+    static Decoded<std::uint32_t> read(Element element);
+    static QJsonValue write(std::uint32_t value) { return static_cast<qint64>(value); }
+};
+
+/// Well-formed Unicode on both sides.
+template <> struct Codec<QString> {
+    static Decoded<QString> read(Element element);
+    static QJsonValue write(const QString& value);
+};
+
+/// 8-4-4-4-12 hexadecimal digits without braces, read in either case, written in upper case.
+template <> struct Codec<QUuid> {
+    static Decoded<QUuid> read(Element element);
+    static QJsonValue write(const QUuid& value);
+};
+
+template <> struct Codec<Timestamp> {
+    static Decoded<Timestamp> read(Element element);
+    static QJsonValue write(Timestamp value);
+};
+
+QString toString(std::string_view utf8);
+
+template <typename T> struct Codec<std::vector<T>> {
+    static Decoded<std::vector<T>> read(Element element)
+    {
+        simdjson::dom::array array;
+        if (element.get(array) != simdjson::SUCCESS)
+            return Refusal{QStringLiteral("not an array")};
+        std::vector<T> values;
+        values.reserve(array.size());
+        for (const Element item : array) {
+            auto value = Codec<T>::read(item);
+            if (!value)
+                return value.refusal().within(QString::number(values.size()));
+            values.push_back(std::move(*value));
+        }
+        return values;
+    }
+};
+
+/// Of two equal keys the later one counts.
+template <typename T> struct Codec<std::map<QString, T>> {
+    static Decoded<std::map<QString, T>> read(Element element)
+    {
+        simdjson::dom::object object;
+        if (element.get(object) != simdjson::SUCCESS)
+            return Refusal{QStringLiteral("not an object")};
+        std::map<QString, Element> members;
+        for (const auto& [key, member] : object)
+            members.insert_or_assign(toString(key), member);
+        std::map<QString, T> values;
+        for (const auto& [key, member] : members) {
+            auto value = Codec<T>::read(member);
+            if (!value)
+                return value.refusal().within(key);
+            values.emplace(key, std::move(*value));
+        }
+        return values;
+    }
+
+    static QJsonValue write(const std::map<QString, T>& values)
+    {
+        QJsonObject object;
+        for (const auto& [key, value] : values)
+            object.insert(key, Codec<T>::write(value));
+        return object;
+    }
+};
+
+/// The root of a JSON text, which may begin with a byte order mark, read as a T.
+template <typename T> Decoded<T> decode(QByteArrayView text)
+{
+    if (text.startsWith("\xEF\xBB\xBF"))
+        text = text.sliced(3);
+    simdjson::dom::parser parser;
+    Element root;
+    const auto error = parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(root);
+    if (error != simdjson::SUCCESS)
+        return Refusal{QString::fromLatin1(simdjson::error_message(error))};
+    return Codec<T>::read(root);
+}
+
+} // namespace sablequill::json
