@@ -4,6 +4,7 @@
 #include "Text.h"
 
 #include <QByteArrayView>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <cctype>
@@ -42,8 +43,10 @@ QString toString(std::string_view utf8)
 {
     // A string of the file keeps its first character, also where that would mark a file's byte
     // order.
-    if (utf8.starts_with(byteOrderMark))
-        return QChar(QChar::ByteOrderMark) + toString(utf8.substr(byteOrderMark.size()));
+    if (utf8.starts_with(byteOrderMark)) {
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+        return decoder.decode(view(utf8));
+    }
     return QString::fromUtf8(view(utf8));
 }
 

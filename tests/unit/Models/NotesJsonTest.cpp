@@ -95,11 +95,14 @@ TEST(DecodeNotes, escapes_areResolved)
     EXPECT_EQ(notes->front().content, QString(u"/\"\\\b\f\n\r\t\0⌘😀😀"_s));
 }
 
-TEST(DecodeNotes, contentBeginningWithByteOrderMark_keepsIt)
+TEST(DecodeNotes, contentBeginningWithByteOrderMarks_keepsThem)
 {
-    const auto notes = decodeNotes("[" + recordWith("text", "\xEF\xBB\xBF\xEF\xBB\xBFx") + "]");
-    ASSERT_TRUE(notes);
-    EXPECT_EQ(notes->front().content, u"\uFEFF\uFEFFx"_s);
+    for (const int count : {1, 2, 1'000'000}) {
+        const QByteArray marks = QByteArray("\xEF\xBB\xBF").repeated(count);
+        const auto notes = decodeNotes("[" + recordWith("text", (marks + "x").constData()) + "]");
+        ASSERT_TRUE(notes);
+        EXPECT_EQ(notes->front().content, QString(count, u'\uFEFF') + u'x') << count;
+    }
 }
 
 TEST(DecodeNotes, idInEitherCase_sameNote)
