@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "MirkpadApp.h"
+
+#include "OverlayView.h"
+
+namespace sablequill {
+
+MirkpadApp::MirkpadApp(const Platform& platform)
+    : appState(platform, [](AppState& state) { return std::make_unique<OverlayView>(state); })
+{
+}
+
+void MirkpadApp::launch()
+{
+    delegate.applicationDidFinishLaunching();
+    appState.bootstrap();
+}
+
+} // namespace sablequill

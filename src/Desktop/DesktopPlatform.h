@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NullLoginItem.h"
+#include "Platform.h"
+#include "QtApplication.h"
+#include "QtMainQueue.h"
+#include "QtScreens.h"
+#include "X11HotKeyCenter.h"
+#include "X11Panel.h"
+#include "XServer.h"
+
+namespace sablequill {
+
+/// The desktop that the program runs on: the one place that chooses between the kinds there are.
+/// Needs the toolkit's application object and outlives everything that uses the platform.
+class DesktopPlatform {
+public:
+    /// Whether there is a desktop that the program can run on; needs no application object.
+    static bool isAvailable();
+
+    Platform platform();
+
+    QtApplication application;
+
+private:
+    XServer server;
+    X11PanelFactory panels{server};
+    QtScreens screens;
+    X11HotKeyCenter hotKeys{server};
+    NullLoginItem loginItem;
+    QtMainQueue mainQueue;
+};
+
+} // namespace sablequill
