@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ColorScheme.h"
+
+#include <QDBusVariant>
+#include <QString>
+
+namespace sablequill {
+
+/// The preference that the desktop's Settings portal tells (org.freedesktop.appearance
+/// color-scheme), followed while the program runs. Asks without waiting for the answer.
+class PortalColorScheme final : public ColorScheme {
+    Q_OBJECT
+
+public:
+    PortalColorScheme();
+
+private Q_SLOTS:
+    void settingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+
+private:
+    void read();
+    void take(const QVariant& value);
+};
+
+} // namespace sablequill

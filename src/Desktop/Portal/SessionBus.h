@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+
+#include <optional>
+
+namespace sablequill {
+
+/// The user's session bus, or nothing where none is running: asking the toolkit then would start
+/// one.
+std::optional<QDBusConnection> sessionBus();
+
+} // namespace sablequill
