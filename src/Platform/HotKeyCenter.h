@@ -36,7 +36,7 @@ struct EventTypeSpec {
     bool operator==(const EventTypeSpec&) const = default;
 };
 
-inline constexpr EventTypeSpec hotKeyPressed {fourCharacterCode("keyb"), 5};
+inline constexpr EventTypeSpec hotKeyPressed{fourCharacterCode("keyb"), 5};
 
 /// A press of a registered hot key.
 struct HotKeyEvent {
@@ -54,16 +54,14 @@ public:
     /// Adds a dispatcher; the newest is asked first, an older one only when it answers
     /// `eventNotHandled`. The user data outlives the center.
     virtual EventHandlerRef installEventHandler(
-        HotKeyHandler handler, EventTypeSpec spec, void* userData)
-        = 0;
-    /// Nothing when the key has no position on this keyboard, when a modifier is missing from it, or
-    /// when another program owns the combination.
+        HotKeyHandler handler, EventTypeSpec spec, void* userData) = 0;
+    /// Nothing when the key has no position on this keyboard, when a modifier is missing from it,
+    /// or when another program owns the combination.
     ///
-    /// `keyCode` is a virtual key code (a physical position of the ANSI layout), `modifiers` a mask of
-    /// 256 (command), 512 (shift), 2048 (option) and 4096 (control).
+    /// `keyCode` is a virtual key code (a physical position of the ANSI layout), `modifiers` a mask
+    /// of 256 (command), 512 (shift), 2048 (option) and 4096 (control).
     virtual std::optional<HotKeyRef> registerHotKey(
-        std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id)
-        = 0;
+        std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) = 0;
     virtual void unregisterHotKey(HotKeyRef hotKey) = 0;
 
 protected:

@@ -60,8 +60,8 @@ struct PanelAttributes {
     bool operator==(const PanelAttributes&) const = default;
 };
 
-/// A change of alpha over time. The completion, if any, runs once: at the end, or at once when another
-/// animation of the same panel supersedes this one.
+/// A change of alpha over time. The completion, if any, runs once: at the end, or at once when
+/// another animation of the same panel supersedes this one.
 struct AlphaAnimation {
     double duration = 0; ///< seconds
     TimingFunction timing = TimingFunction::linear;
@@ -91,6 +91,9 @@ public:
     virtual void setDelegate(PanelDelegate* delegate) = 0;
     /// Called at the end of each resize by the user, after the last windowDidResize.
     virtual void setDidEndLiveResize(std::function<void(Panel* window)> observer) = 0;
+    /// Called when the user turns away from a visible panel: a press outside of the program's
+    /// windows, or another window taking the keyboard from it.
+    virtual void setDidLoseAttention(std::function<void()> observer) = 0;
 
     virtual void setLevel(WindowLevel level) = 0;
     virtual void setCollectionBehavior(unsigned behavior) = 0;
@@ -106,6 +109,7 @@ public:
     virtual void makeKey() = 0;
     virtual bool isVisible() const = 0;
     virtual Rect frame() const = 0;
+    virtual void setFrame(const Rect& frame) = 0;
 };
 
 class PanelFactory {

@@ -15,8 +15,8 @@ public:
     virtual QMargins shadowReach() const = 0;
     /// Radius of the card's corners in points, for a window shape where there is no alpha channel.
     virtual double cornerRadius() const = 0;
-    /// Whether the screen blends what the view draws. Where it does not, the view draws an opaque card
-    /// and no shadow, and the native window has no margins.
+    /// Whether the screen blends what the view draws. Where it does not, the view draws an opaque
+    /// card and no shadow, and the native window has no margins.
     virtual void setComposited(bool isComposited) = 0;
 };
 

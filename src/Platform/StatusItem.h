@@ -11,8 +11,9 @@
 
 namespace sablequill {
 
-/// What is known of where the user activated the item: its icon's rectangle, or the place of the click
-/// as a rectangle without extent. Points, bottom-left origin; nothing when the host tells neither.
+/// What is known of where the user activated the item: its icon's rectangle, or the place of the
+/// click as a rectangle without extent. Points, bottom-left origin; nothing when the host tells
+/// neither.
 using StatusItemAnchor = std::optional<Rect>;
 
 /// An entry of the small menu for hosts that show nothing but menus.

@@ -67,6 +67,18 @@ void FakePanel::setDidEndLiveResize(std::function<void(Panel* window)> observer)
     didEndLiveResize = std::move(observer);
 }
 
+void FakePanel::setDidLoseAttention(std::function<void()> observer)
+{
+    journal.record("panel.setDidLoseAttention", observer ? "observer" : "none");
+    didLoseAttention = std::move(observer);
+}
+
+void FakePanel::setFrame(const Rect& frame)
+{
+    move(frame.x, frame.y);
+    resize(frame.width, frame.height);
+}
+
 void FakePanel::setLevel(WindowLevel level)
 {
     journal.record("panel.setLevel", static_cast<int>(level));

@@ -21,6 +21,7 @@ public:
     void setContent(std::unique_ptr<PanelContent> content) override;
     void setDelegate(PanelDelegate* delegate) override;
     void setDidEndLiveResize(std::function<void(Panel* window)> observer) override;
+    void setDidLoseAttention(std::function<void()> observer) override;
     void setLevel(WindowLevel level) override;
     void setCollectionBehavior(unsigned behavior) override;
     void setSharingType(SharingType type) override;
@@ -31,6 +32,7 @@ public:
     void makeKey() override;
     bool isVisible() const override { return visible; }
     Rect frame() const override { return currentFrame; }
+    void setFrame(const Rect& frame) override;
 
     /// As on screen at the clock's time.
     double alpha() const;
@@ -38,6 +40,7 @@ public:
     /// What the user or the window system does to the panel.
     void move(double x, double y);
     void resize(double width, double height);
+    void loseAttention() { didLoseAttention(); }
     void endLiveResize() { notifyDidEndLiveResize(this); }
     /// Delivers the notification for some object, null when it is not a panel.
     void notifyDidEndLiveResize(Panel* window);
@@ -67,6 +70,7 @@ private:
     FakeClock& clock;
     PanelDelegate* delegate = nullptr;
     std::function<void(Panel* window)> didEndLiveResize;
+    std::function<void()> didLoseAttention;
     Rect currentFrame;
     bool visible = false;
     double settledAlpha = 1;

@@ -2,33 +2,22 @@
 #include "FocusKeeper.h"
 
 #include <chrono>
-#include <xcb/xinput.h>
+#include <utility>
 
 namespace sablequill {
 namespace {
 
 using namespace std::chrono_literals;
 
-std::uint8_t inputExtensionOpcode(xcb_connection_t* connection)
-{
-    const auto* extension = xcb_get_extension_data(connection, &xcb_input_id);
-    return extension && extension->present ? extension->major_opcode : 0;
-}
-
-/// A request to hear of presses anywhere, as it goes over the wire.
-struct RawPressSelection {
-    xcb_input_event_mask_t head{XCB_INPUT_DEVICE_ALL_MASTER, 1};
-    std::uint32_t mask = 0;
-};
-
 } // namespace
 
-FocusKeeper::FocusKeeper(const XServer& server)
+FocusKeeper::FocusKeeper(const XServer& server, PressWatch& presses)
     : server(server)
+    , presses(presses)
     , wmState(server.atom("WM_STATE"))
-    , inputOpcode(inputExtensionOpcode(server.connection))
-    , filter([this](const auto& event) { return filterEvent(event); })
 {
+    QObject::connect(
+        &presses, &PressWatch::pressedElsewhere, &leave, [this] { reactToPressElsewhere(); });
     // Long enough for a window manager to move the focus by itself after a press elsewhere.
     leave.setSingleShot(true);
     leave.setInterval(150ms);
@@ -37,6 +26,12 @@ FocusKeeper::FocusKeeper(const XServer& server)
     verify.setSingleShot(true);
     verify.setInterval(120ms);
     QObject::connect(&verify, &QTimer::timeout, &verify, [this] { verifySuccession(); });
+}
+
+FocusKeeper::~FocusKeeper()
+{
+    isHeld = isWatching = false;
+    listenToPresses();
 }
 
 void FocusKeeper::take(xcb_window_t next)
@@ -48,13 +43,15 @@ void FocusKeeper::take(xcb_window_t next)
     if (!server.isOwn(focused))
         previous = focused;
     server.setFocus(window);
-    listenToPresses(true);
+    isHeld = true;
+    listenToPresses();
 }
 
 void FocusKeeper::giveBack()
 {
     leave.stop();
-    listenToPresses(false);
+    isHeld = false;
+    listenToPresses();
     if (!hasFocus())
         return;
     server.setFocus(successor());
@@ -66,29 +63,31 @@ bool FocusKeeper::hasFocus() const
     return window != noWindow && server.isInside(server.focusedWindow(), window);
 }
 
-bool FocusKeeper::filterEvent(const xcb_generic_event_t& event)
+void FocusKeeper::watchPresses(bool next)
 {
-    if (inputOpcode == 0 || eventType(event) != XCB_GE_GENERIC)
-        return false;
-    const auto& generic = eventAs<xcb_ge_generic_event_t>(event);
-    if (generic.extension != inputOpcode || generic.event_type != XCB_INPUT_RAW_BUTTON_PRESS)
-        return false;
-    if (!isDragging && !server.isOwn(server.windowUnderPointer()))
-        leave.start();
-    return true;
+    isWatching = next;
+    listenToPresses();
 }
 
-void FocusKeeper::listenToPresses(bool isOn)
+void FocusKeeper::listenToPresses()
 {
-    if (inputOpcode == 0)
+    const bool listens = isHeld || isWatching;
+    if (std::exchange(isListening, listens) == listens)
         return;
-    RawPressSelection selection;
-    if (isOn)
-        selection.mask = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS;
-    xcb_discard_reply(server.connection,
-        xcb_input_xi_select_events_checked(server.connection, server.root, 1, &selection.head)
-            .sequence);
-    xcb_flush(server.connection);
+    if (listens)
+        presses.addListener();
+    else
+        presses.removeListener();
+}
+
+void FocusKeeper::reactToPressElsewhere()
+{
+    if (!isListening || isDragging)
+        return;
+    if (isHeld)
+        leave.start();
+    if (onPressElsewhere)
+        onPressElsewhere();
 }
 
 xcb_window_t FocusKeeper::successor() const

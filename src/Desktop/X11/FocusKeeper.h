@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PressWatch.h"
 #include "XServer.h"
 
 #include <QTimer>
+
+#include <functional>
 
 namespace sablequill {
 
@@ -11,8 +14,9 @@ namespace sablequill {
 /// gives such a window the keyboard nor takes it away, not even when another window is clicked.
 class FocusKeeper {
 public:
-    /// The server outlives this object.
-    explicit FocusKeeper(const XServer& server);
+    /// The server and the watch outlive this object.
+    FocusKeeper(const XServer& server, PressWatch& presses);
+    ~FocusKeeper();
 
     /// Gives the keyboard to a mapped window of this program.
     void take(xcb_window_t window);
@@ -20,24 +24,31 @@ public:
     /// while the own window is still mapped. Does nothing when the own window does not have it.
     void giveBack();
     bool hasFocus() const;
+    /// Whether presses elsewhere are reported also while the own window does not have the keyboard.
+    void watchPresses(bool isWatching);
+
+    /// Called at once after a press outside of the program's windows.
+    std::function<void()> onPressElsewhere;
 
     /// While this is set, presses elsewhere do not count: they belong to a drag that began here.
     bool isDragging = false;
 
 private:
-    bool filterEvent(const xcb_generic_event_t& event);
-    void listenToPresses(bool isOn);
+    void reactToPressElsewhere();
+    void listenToPresses();
     xcb_window_t successor() const;
     void verifySuccession();
 
     const XServer& server;
+    PressWatch& presses;
     const xcb_atom_t wmState;
-    std::uint8_t inputOpcode = 0;
     xcb_window_t window = noWindow;
     xcb_window_t previous = noWindow;
+    bool isHeld = false;
+    bool isWatching = false;
+    bool isListening = false;
     QTimer leave;
     QTimer verify;
-    XEventFilter filter;
 };
 
 } // namespace sablequill

@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include <cmath>
 #include <utility>
@@ -13,14 +14,14 @@
 
 namespace sablequill {
 
-X11Panel::X11Panel(const PanelDescription& description, const XServer& server)
+X11Panel::X11Panel(const PanelDescription& description, const XServer& server, PressWatch& presses)
     : server(server)
     , canBecomeKey(description.canBecomeKey)
     , window(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint)
     , alpha([this](double value) { window.setWindowOpacity(value); })
     , compositor(server)
     , stacking(server)
-    , focus(server)
+    , focus(server, presses)
 {
     window.setWindowTitle(Constants::appName);
     window.setWindowRole(QStringLiteral("overlay"));
@@ -53,6 +54,8 @@ void X11Panel::connectWindow()
         if (didEndLiveResize)
             didEndLiveResize(this);
     });
+    focus.onPressElsewhere = [this] { loseAttention(); };
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11Panel::followFocus);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::moveOntoScreen,
         Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Panel::moveOntoScreen,
@@ -84,6 +87,11 @@ void X11Panel::setDelegate(PanelDelegate* next)
 void X11Panel::setDidEndLiveResize(std::function<void(Panel*)> observer)
 {
     didEndLiveResize = std::move(observer);
+}
+
+void X11Panel::setDidLoseAttention(std::function<void()> observer)
+{
+    didLoseAttention = std::move(observer);
 }
 
 void X11Panel::setLevel(WindowLevel next)
@@ -121,10 +129,13 @@ void X11Panel::orderFrontRegardless()
         window.show();
     applyInputShape();
     keepStacking();
+    focus.watchPresses(didLoseAttention != nullptr);
 }
 
 void X11Panel::orderOut()
 {
+    isKey = false;
+    focus.watchPresses(false);
     stacking.keepOnTop(noWindow);
     focus.giveBack();
     window.hide();
@@ -144,6 +155,11 @@ bool X11Panel::isVisible() const
 Rect X11Panel::frame() const
 {
     return ScreenSpace::fromToolkit(window.card());
+}
+
+void X11Panel::setFrame(const Rect& frame)
+{
+    window.setCard(ScreenSpace::toToolkit(frame));
 }
 
 void X11Panel::applyInputShape()
@@ -176,14 +192,28 @@ void X11Panel::moveOntoScreen()
         window.setCard(moved);
 }
 
+void X11Panel::followFocus(const QWindow* focused)
+{
+    const bool wasKey = std::exchange(isKey, focused && focused == window.windowHandle());
+    if (wasKey && !isKey)
+        loseAttention();
+}
+
+void X11Panel::loseAttention()
+{
+    if (didLoseAttention && window.isVisible())
+        didLoseAttention();
+}
+
 X11PanelFactory::X11PanelFactory(const XServer& server)
     : server(server)
+    , presses(server)
 {
 }
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
 {
-    return std::make_unique<X11Panel>(description, server);
+    return std::make_unique<X11Panel>(description, server, presses);
 }
 
 } // namespace sablequill

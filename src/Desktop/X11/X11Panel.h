@@ -20,8 +20,8 @@ class X11Panel final : public QObject, public Panel {
     Q_OBJECT
 
 public:
-    /// The server outlives the panel.
-    X11Panel(const PanelDescription& description, const XServer& server);
+    /// The server and the watch outlive the panel.
+    X11Panel(const PanelDescription& description, const XServer& server, PressWatch& presses);
     ~X11Panel() override;
 
     void setAttributes(const PanelAttributes& attributes) override;
@@ -29,6 +29,7 @@ public:
     void setContent(std::unique_ptr<PanelContent> content) override;
     void setDelegate(PanelDelegate* delegate) override;
     void setDidEndLiveResize(std::function<void(Panel* window)> observer) override;
+    void setDidLoseAttention(std::function<void()> observer) override;
     void setLevel(WindowLevel level) override;
     void setCollectionBehavior(unsigned behavior) override;
     void setSharingType(SharingType type) override;
@@ -39,12 +40,15 @@ public:
     void makeKey() override;
     bool isVisible() const override;
     Rect frame() const override;
+    void setFrame(const Rect& frame) override;
 
 private:
     void connectWindow();
     void applyInputShape();
     void keepStacking();
     void moveOntoScreen();
+    void followFocus(const QWindow* focused);
+    void loseAttention();
 
     const XServer& server;
     const bool canBecomeKey;
@@ -55,18 +59,21 @@ private:
     FocusKeeper focus;
     PanelDelegate* delegate = nullptr;
     std::function<void(Panel*)> didEndLiveResize;
+    std::function<void()> didLoseAttention;
+    bool isKey = false;
     WindowLevel level = WindowLevel::normal;
 };
 
 class X11PanelFactory final : public PanelFactory {
 public:
-    /// The server outlives the factory and its panels.
+    /// The server outlives the factory, the factory its panels.
     explicit X11PanelFactory(const XServer& server);
 
     std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
 
 private:
     const XServer& server;
+    PressWatch presses;
 };
 
 } // namespace sablequill
