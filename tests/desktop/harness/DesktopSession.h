@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PrivateHome.h"
+#include "SessionBus.h"
+#include "VirtualDisplay.h"
+#include "WindowManagerSetup.h"
+
+namespace sablequill {
+
+/// A desktop of its own: display, session bus, window manager and compositor.
+class DesktopSession {
+public:
+    /// Returns when all of it is at work. Throws std::runtime_error when a part does not come up.
+    explicit DesktopSession(WindowManagerSetup setup, ScreenSize size = {});
+
+    /// The session of the set-up given, started when it is not the one that runs. Tests that change
+    /// the keyboard's layout or end a part of the session drop it afterwards.
+    static DesktopSession& shared(WindowManagerSetup setup);
+    static void dropShared();
+
+    WindowManagerSetup setup() const { return managerSetup; }
+    std::string displayName() const { return display.name(); }
+    /// What a program of the given user is started with in this session.
+    Environment environment(const PrivateHome& user) const;
+    const RunningWindowManager& windowManager() const { return manager; }
+
+private:
+    WindowManagerSetup managerSetup;
+    PrivateHome home;
+    VirtualDisplay display;
+    SessionBus bus;
+    RunningWindowManager manager;
+};
+
+} // namespace sablequill

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "XConnection.h"
+
+namespace sablequill {
+
+/// Real motion and buttons through XTEST.
+class Mouse {
+public:
+    /// The connection outlives the mouse.
+    explicit Mouse(const XConnection& connection);
+    Mouse(const Mouse&) = delete;
+    Mouse& operator=(const Mouse&) = delete;
+    /// Releases the left button when it is still held.
+    ~Mouse();
+
+    void moveTo(Point point);
+    void press();
+    void release();
+    void click(Point point);
+    /// Moves to one point, presses, moves to the other in steps as a hand does, and keeps holding.
+    void dragAndHold(Point from, Point to);
+    void drag(Point from, Point to);
+
+private:
+    const XConnection& x;
+    bool isHeld = false;
+};
+
+} // namespace sablequill

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "WindowManagerSetup.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <stdexcept>
+
+namespace sablequill {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Command = std::vector<std::string>;
+
+struct SetupRow {
+    WindowManagerTraits traits;
+    std::vector<Command> commands;
+};
+
+// openbox keeps the settings of its menus and themes; it needs none here. metacity and marco come
+// with a compositor that is off by default in a fresh session.
+const std::map<WindowManagerSetup, SetupRow> table{
+    {WindowManagerSetup::none, {{"none", false, false}, {}}},
+    {WindowManagerSetup::openbox, {{"openbox"}, {{"openbox", "--sm-disable"}}}},
+    {WindowManagerSetup::openboxPicom,
+        {{"openboxPicom", true, true},
+            {{"openbox", "--sm-disable"},
+                {"picom", "--backend", "xrender", "--no-vsync", "--config", "/dev/null"}}}},
+    {WindowManagerSetup::i3, {{"i3"}, {{"i3", "-c", "@HOME@/i3.conf"}}}},
+    {WindowManagerSetup::xfwm4,
+        {{"xfwm4", true, true}, {{"xfwm4", "--compositor=on", "--vblank=off"}}}},
+    {WindowManagerSetup::metacity,
+        {{"metacity"}, {{"metacity", "--sm-disable", "--no-composite"}}}},
+    {WindowManagerSetup::marco, {{"marco"}, {{"marco", "--sm-disable", "--no-composite"}}}},
+    {WindowManagerSetup::mutter, {{"mutter", true, true}, {{"mutter", "--x11", "--sm-disable"}}}},
+    {WindowManagerSetup::kwin, {{"kwin", true, true}, {{"kwin_x11", "--no-kactivities"}}}},
+};
+
+const SetupRow& row(WindowManagerSetup setup)
+{
+    return table.at(setup);
+}
+
+/// EWMH: the root names a window that names itself, once a window manager is at work.
+bool isManaging(const XConnection& x)
+{
+    const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
+    return check.size() == 1 && x.property(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+/// ICCCM: a window manager marks each window that it has taken on.
+bool hasTakenOn(const XConnection& x, xcb_window_t window)
+{
+    return !x.property(window, "WM_STATE").empty();
+}
+
+/// A window manager may say that it is there before it listens: openbox loses the first request.
+/// Asks with a window of no use until it is taken on.
+bool takesWindows(const XConnection& x)
+{
+    const auto trial = xcb_generate_id(x.get());
+    xcb_create_window(x.get(), XCB_COPY_FROM_PARENT, trial, x.root(), 0, 0, 100, 100, 0,
+        XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const bool isTakenOn = waitUntil([&] {
+        xcb_map_window(x.get(), trial);
+        x.sync();
+        return hasTakenOn(x, trial);
+    }).has_value();
+    xcb_destroy_window(x.get(), trial);
+    return isTakenOn && waitUntil([&] { return x.property(x.root(), "_NET_CLIENT_LIST").empty(); });
+}
+
+bool isComposing(const XConnection& x)
+{
+    const auto cookie = xcb_get_selection_owner(x.get(), x.atom("_NET_WM_CM_S0"));
+    const XOwned<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(x.get(), cookie, nullptr));
+    return reply && reply->owner != XCB_NONE;
+}
+
+/// Without a file of its own i3 asks its questions of a first start.
+void writeTilingConfiguration(const PrivateHome& home)
+{
+    std::ofstream(home.path() / "i3.conf") << "# i3 config file (v4)\n"
+                                              "font pango:monospace 8\n"
+                                              "ipc-socket "
+                                           << (home.runtimeFolder() / "i3.sock").string() << '\n';
+}
+
+/// The program that keeps the settings of xfwm4, as its package names it for the bus.
+std::string settingsServiceProgram()
+{
+    const std::string start = "Exec=";
+    std::ifstream file("/usr/share/dbus-1/services/org.xfce.Xfconf.service");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(start))
+            return line.substr(start.size());
+    }
+    throw std::runtime_error("xfconf is not installed");
+}
+
+} // namespace
+
+const WindowManagerTraits& traits(WindowManagerSetup setup)
+{
+    return row(setup).traits;
+}
+
+std::ostream& operator<<(std::ostream& stream, WindowManagerSetup setup)
+{
+    return stream << traits(setup).name;
+}
+
+const std::vector<WindowManagerSetup>& everydaySetups()
+{
+    static const std::vector setups{WindowManagerSetup::none, WindowManagerSetup::openbox,
+        WindowManagerSetup::openboxPicom, WindowManagerSetup::i3, WindowManagerSetup::xfwm4};
+    return setups;
+}
+
+const std::vector<WindowManagerSetup>& furtherSetups()
+{
+    static const std::vector setups{WindowManagerSetup::metacity, WindowManagerSetup::marco,
+        WindowManagerSetup::mutter, WindowManagerSetup::kwin};
+    return setups;
+}
+
+RunningWindowManager::RunningWindowManager(
+    WindowManagerSetup managerSetup, const PrivateHome& sessionHome, const Environment& session)
+    : setup(managerSetup)
+    , home(sessionHome)
+    , environment(session)
+{
+    const XConnection x(environment.at("DISPLAY"));
+    writeTilingConfiguration(home);
+    if (setup == WindowManagerSetup::xfwm4)
+        startSettingsService();
+    for (const auto& command : row(setup).commands) {
+        start(command);
+        // A compositor is started only when there is something to compose for.
+        if (!waitUntil([&] { return isManaging(x); }) || !takesWindows(x))
+            throw std::runtime_error(traits(setup).name + " does not manage windows");
+    }
+    if (traits(setup).isComposited && !waitUntil([&] { return isComposing(x); }))
+        throw std::runtime_error(traits(setup).name + " does not compose windows");
+}
+
+void RunningWindowManager::start(const Command& command)
+{
+    const std::string placeholder = "@HOME@";
+    auto filled = command;
+    for (auto& argument : filled) {
+        if (argument.starts_with(placeholder))
+            argument.replace(0, placeholder.size(), home.path().string());
+    }
+    const auto log = home.path() / (fs::path(filled.front()).filename().string() + ".log");
+    processes.push_back(
+        std::make_unique<ChildProcess>(ChildProcessDescription{filled, environment, log}));
+}
+
+void RunningWindowManager::startSettingsService()
+{
+    // Not left to the bus, which would let go of it: it is to end with the session.
+    start({settingsServiceProgram()});
+    const bool isThere = waitUntil([&] {
+        ChildProcess ping({{"dbus-send", "--session", "--print-reply", "--dest=org.xfce.Xfconf",
+                               "/", "org.freedesktop.DBus.Peer.Ping"},
+            environment, home.path() / "ping.log"});
+        return ping.waitForExit() == 0;
+    }).has_value();
+    if (!isThere)
+        throw std::runtime_error("the settings service did not come up");
+}
+
+bool RunningWindowManager::isRunning() const
+{
+    return std::all_of(processes.begin(), processes.end(),
+        [](const auto& process) { return process->isRunning(); });
+}
+
+void RunningWindowManager::switchToWorkspace(const XConnection& x, unsigned workspace) const
+{
+    if (setup == WindowManagerSetup::i3) {
+        // i3 makes a workspace when it is asked for by name, and counts only those that are in use.
+        runCommand({{"i3-msg", "-s", (home.runtimeFolder() / "i3.sock").string(), "workspace",
+                        std::to_string(workspace + 1)},
+            environment, home.path() / "i3-msg.log"});
+        return;
+    }
+    x.sendToRoot(x.root(), "_NET_CURRENT_DESKTOP", {workspace, XCB_CURRENT_TIME});
+    const std::vector<uint32_t> expected{workspace};
+    if (!waitUntil([&] { return x.property(x.root(), "_NET_CURRENT_DESKTOP") == expected; }))
+        throw std::runtime_error("no other workspace came up");
+}
+
+} // namespace sablequill
