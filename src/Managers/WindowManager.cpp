@@ -113,13 +113,14 @@ void WindowManager::hideOverlay()
 {
     if (!overlayPanel)
         return;
-    // The panel ends before this object does, and its animations with it.
     Panel& panel = overlayPanel->panel();
+    // Both are there when it runs: the panel ends its animations, and this object its panel.
+    const auto restoreAndOrderOut = [this, &panel] {
+        panel.setAlpha(settings.opacity);
+        panel.orderOut();
+    };
     panel.animateAlpha(
-        0, {Constants::animationDuration, TimingFunction::easeInEaseOut, [this, &panel] {
-                panel.setAlpha(settings.opacity);
-                panel.orderOut();
-            }});
+        0, {Constants::animationDuration, TimingFunction::easeInEaseOut, restoreAndOrderOut});
 }
 
 void WindowManager::toggleOverlay()
