@@ -17,8 +17,8 @@ int main(int, char* argv[])
         std::fputs("Sablequill needs an X server, or a Wayland session with XWayland.\n", stderr);
         return 1;
     }
-    // The panel needs an X server also where the toolkit would choose another platform, and a desktop's
-    // theme plug-in would load a second toolkit.
+    // The panel needs an X server also where the toolkit would choose another platform, and a
+    // desktop's theme plug-in would load a second toolkit.
     std::array arguments = {argv[0], const_cast<char*>("-platform"), const_cast<char*>("xcb"),
         const_cast<char*>("-platformtheme"), const_cast<char*>("generic")};
     int argumentCount = static_cast<int>(arguments.size());

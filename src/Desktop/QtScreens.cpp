@@ -16,4 +16,15 @@ std::optional<Rect> QtScreens::mainVisibleFrame() const
     return ScreenSpace::fromToolkit(primary->availableGeometry());
 }
 
+std::optional<ScreenFrames> QtScreens::screenOf(const Rect& rect) const
+{
+    const QScreen* screen = QGuiApplication::screenAt(ScreenSpace::toToolkit(rect).center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return std::nullopt;
+    return ScreenFrames{ScreenSpace::fromToolkit(screen->geometry()),
+        ScreenSpace::fromToolkit(screen->availableGeometry())};
+}
+
 } // namespace sablequill

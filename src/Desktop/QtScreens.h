@@ -8,6 +8,7 @@ namespace sablequill {
 class QtScreens final : public Screens {
 public:
     std::optional<Rect> mainVisibleFrame() const override;
+    std::optional<ScreenFrames> screenOf(const Rect& rect) const override;
 };
 
 } // namespace sablequill

@@ -13,6 +13,8 @@ struct Rect {
 
     constexpr double midX() const { return x + width / 2; }
     constexpr double midY() const { return y + height / 2; }
+    constexpr double maxX() const { return x + width; }
+    constexpr double maxY() const { return y + height; }
 
     bool operator==(const Rect&) const = default;
 };

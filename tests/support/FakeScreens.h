@@ -19,6 +19,15 @@ public:
         return visibleFrame;
     }
 
+    std::optional<ScreenFrames> screenOf(const Rect&) const override
+    {
+        journal.record("screens.screenOf");
+        if (!visibleFrame)
+            return std::nullopt;
+        return ScreenFrames{frame, *visibleFrame};
+    }
+
+    Rect frame{0, 0, 1440, 900};
     /// Nothing stands for a desktop without a screen.
     std::optional<Rect> visibleFrame = Rect{0, 0, 1440, 900};
 
