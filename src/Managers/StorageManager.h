@@ -3,35 +3,59 @@
 
 #include "AppSettings.h"
 #include "MirkpadItem.h"
+#include "NotesEncoder.h"
 
-#include <QString>
+#include <QByteArrayView>
 
+#include <filesystem>
+#include <optional>
+#include <span>
 #include <vector>
 
 namespace sablequill {
 
 class LoginItem;
 
-/// Owns notes.json and settings.json and the copy of the settings in memory. Reports no errors: a read
-/// that fails gives the defaults, a write that fails is dropped and leaves the old file whole.
+/// Owns notes.json and settings.json and the copy of the settings in memory. Reports no errors: a
+/// read that fails gives the defaults, a write that fails is dropped and leaves the old file whole.
+///
+/// The files are in "Sablequill" in the user's folder for application data: $XDG_DATA_HOME where
+/// that is an absolute path, else $HOME/.local/share (XDG Base Directory Specification). They are
+/// the user's alone. The bytes of a file that could not be read are kept beside it, under another
+/// name, before it is replaced for the first time; while that fails it is not replaced.
 class StorageManager {
 public:
-    /// Loads the settings and creates the folder; writes no file. Ends the program when the user has no
-    /// folder for application data. The login item outlives this object.
+    /// Loads the settings and creates the folder; writes no file. Removes what a killed process
+    /// left half written. Ends the program when the user has no folder for application data. The
+    /// login item outlives this object.
     explicit StorageManager(LoginItem& loginItem);
 
     /// As last loaded or saved.
     AppSettings settings;
 
-    /// The list in file order, also an empty one; one fresh welcome note when the file is missing or
-    /// cannot be read as a whole.
+    /// The list in file order, also an empty one; one fresh welcome note when the file is missing
+    /// or cannot be read as a whole.
     std::vector<MirkpadItem> loadNotes();
-    /// Replaces the file durably and atomically.
+    /// Replaces the file atomically, its bytes synced.
     void saveNotes(const std::vector<MirkpadItem>& notes);
     /// Keeps the settings in memory first, then replaces the file; after a write that succeeded,
     /// registers or unregisters the login item.
     void saveSettings(const AppSettings& settings);
     void updateOverlayFrame(const OverlayFrame& frame);
+
+private:
+    static std::filesystem::path appSupportDirectory();
+    static std::filesystem::path settingsURL();
+    std::filesystem::path notesURL() const;
+    void ensureDirectoryExists() const;
+
+    static std::optional<AppSettings> loadSettings(const std::filesystem::path& url);
+    void updateLaunchAtStartup(bool enabled);
+
+    LoginItem& loginItem;
+    NotesEncoder encoder;
+    bool notesAreUnreadable = false;
+    bool settingsAreUnreadable = false;
 };
 
 } // namespace sablequill

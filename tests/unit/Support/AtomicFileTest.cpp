@@ -2,6 +2,7 @@
 #include "AtomicFile.h"
 
 #include "FileDescriptor.h"
+#include "FileSizeLimit.h"
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,6 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/time.h>
 #include <sys/wait.h>
@@ -22,30 +22,6 @@ namespace sablequill {
 namespace {
 
 using Names = std::vector<std::string>;
-
-/// Lets no file grow beyond some bytes, as a full disk would.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : oldHandler(::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &oldLimit);
-        const rlimit limit{bytes, oldLimit.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &oldLimit);
-        ::signal(SIGXFSZ, oldHandler);
-    }
-
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit oldLimit = {};
-    void (*oldHandler)(int);
-};
 
 /// A signal that nobody handles ends the process at once, wherever it is.
 void endProcessIn(int microseconds)

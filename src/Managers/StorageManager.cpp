@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include "StorageManager.h"
+
+#include "AtomicFile.h"
+#include "Constants.h"
+#include "FatalStop.h"
+#include "Files.h"
+#include "LoginItem.h"
+#include "UnreadableFile.h"
+
+#include <array>
+#include <cstdlib>
+
+namespace fs = std::filesystem;
+
+namespace sablequill {
+namespace {
+
+const QString defaultWelcomeContent =
+    QStringLiteral("# Welcome to Sablequill\n"
+                   "\n"
+                   "Your floating teleprompter for calls, recordings, and presentations.\n"
+                   "\n"
+                   "**Mirk mode** hides this overlay from screen recordings when possible.\n"
+                   "\n"
+                   "## Tips\n"
+                   "- Use `# Heading` for sections\n"
+                   "- Use `- bullet` for lists\n"
+                   "- Use `**bold**` for emphasis\n"
+                   "\n"
+                   "Switch notes with ⌘⇧↑ / ⌘⇧↓");
+
+MirkpadItem welcomeNote()
+{
+    const Timestamp now = currentTime();
+    return {
+        .title = QStringLiteral("Welcome"),
+        .content = defaultWelcomeContent,
+        .createdAt = now,
+        .updatedAt = now,
+    };
+}
+
+/// Nothing for a variable that is unset, empty or relative: such a folder would move with the
+/// working directory.
+std::optional<fs::path> absolutePathIn(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    if (value == nullptr || !fs::path(value).is_absolute())
+        return {};
+    return value;
+}
+
+bool replaceFile(
+    const fs::path& url, std::span<const QByteArrayView> chunks, bool& holdsUnreadableBytes)
+{
+    if (holdsUnreadableBytes && !keepUnreadableFile(url))
+        return false;
+    holdsUnreadableBytes = false;
+    return AtomicFile(url).replace(chunks);
+}
+
+} // namespace
+
+StorageManager::StorageManager(LoginItem& loginItem)
+    : loginItem(loginItem)
+{
+    const auto loaded = loadSettings(settingsURL());
+    settings = loaded.value_or(AppSettings{});
+    settingsAreUnreadable = !loaded && Files::exists(settingsURL());
+    ensureDirectoryExists();
+    AtomicFile(notesURL()).removeStaleTemporaries();
+    AtomicFile(settingsURL()).removeStaleTemporaries();
+}
+
+fs::path StorageManager::appSupportDirectory()
+{
+    const fs::path name(Constants::appName.toStdString());
+    if (const auto dataHome = absolutePathIn("XDG_DATA_HOME"))
+        return *dataHome / name;
+    if (const auto home = absolutePathIn("HOME"))
+        return *home / ".local/share" / name;
+    fatalStop("Unexpectedly found nil while unwrapping an Optional value");
+}
+
+fs::path StorageManager::settingsURL()
+{
+    return appSupportDirectory() / "settings.json";
+}
+
+fs::path StorageManager::notesURL() const
+{
+    return appSupportDirectory() / "notes.json";
+}
+
+void StorageManager::ensureDirectoryExists() const
+{
+    Files::createPrivateFolder(appSupportDirectory());
+}
+
+std::vector<MirkpadItem> StorageManager::loadNotes()
+{
+    notesAreUnreadable = Files::exists(notesURL());
+    if (const auto json = Files::read(notesURL())) {
+        if (auto notes = decodeNotes(*json)) {
+            notesAreUnreadable = false;
+            return *std::move(notes);
+        }
+    }
+    return {welcomeNote()};
+}
+
+std::optional<AppSettings> StorageManager::loadSettings(const fs::path& url)
+{
+    const auto json = Files::read(url);
+    if (!json)
+        return {};
+    auto settings = decodeSettings(*json);
+    if (!settings)
+        return {};
+    return *std::move(settings);
+}
+
+void StorageManager::saveNotes(const std::vector<MirkpadItem>& notes)
+{
+    replaceFile(notesURL(), encoder.encode(notes), notesAreUnreadable);
+}
+
+void StorageManager::saveSettings(const AppSettings& settings)
+{
+    this->settings = settings;
+    const auto json = encodeSettings(this->settings);
+    if (!json)
+        return;
+    const std::array chunks{QByteArrayView(*json)};
+    if (replaceFile(settingsURL(), chunks, settingsAreUnreadable))
+        updateLaunchAtStartup(this->settings.launchAtStartup);
+}
+
+void StorageManager::updateOverlayFrame(const OverlayFrame& frame)
+{
+    AppSettings copy = settings;
+    copy.overlayFrame = frame;
+    saveSettings(copy);
+}
+
+void StorageManager::updateLaunchAtStartup(bool enabled)
+{
+    if (enabled)
+        loginItem.registerItem();
+    else
+        loginItem.unregisterItem();
+}
+
+} // namespace sablequill
