@@ -4,6 +4,7 @@
 #include "MirkpadItem.h"
 #include "Published.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -12,17 +13,17 @@ namespace sablequill {
 
 class StorageManager;
 
-/// Owns the list of notes and the selection. Every change of the list is saved at once; the selection
-/// is not saved. Unknown ids are ignored.
+/// Owns the list of notes and the selection. Every change of the list is saved at once; the
+/// selection is not saved. Unknown ids are ignored.
 class NotesManager : public ObservableObject {
 public:
     /// Loads the list and selects its first note; saves nothing.
     explicit NotesManager(std::shared_ptr<StorageManager> storage);
 
     /// In display order.
-    Published<std::vector<MirkpadItem>> notes {this};
+    Published<std::vector<MirkpadItem>> notes{this};
     /// The note that the overlay shows; may be absent, and may name a note that is gone.
-    Published<std::optional<QUuid>> selectedNoteID {this};
+    Published<std::optional<QUuid>> selectedNoteID{this};
 
     /// The note with the selected id, or null when there is none; without a selected id the first
     /// note, or null when the list is empty. Valid until the list changes.
@@ -30,7 +31,8 @@ public:
 
     /// Inserts a note at the top and selects it.
     void createNote();
-    /// Replaces the note with the same id, stamped with the current time; the title is taken as given.
+    /// Replaces the note with the same id, stamped with the current time; the title is taken as
+    /// given.
     void updateNote(const MirkpadItem& note);
     /// Sets a note's content, stamp and title (derived from the content): three announcements, one
     /// save.
@@ -43,6 +45,9 @@ public:
     void selectPrevious();
 
 private:
+    /// Some places down from the selected note, wrapping.
+    void selectAtDistance(std::size_t distance);
+    std::optional<QUuid> firstNoteID() const;
     void persist();
     static QString deriveTitle(const QString& content);
 
