@@ -19,8 +19,6 @@ struct SetupRow {
     std::vector<Command> commands;
 };
 
-// openbox keeps the settings of its menus and themes; it needs none here. metacity and marco come
-// with a compositor that is off by default in a fresh session.
 const std::map<WindowManagerSetup, SetupRow> table{
     {WindowManagerSetup::none, {{"none", false, false}, {}}},
     {WindowManagerSetup::openbox, {{"openbox"}, {{"openbox", "--sm-disable"}}}},
@@ -32,7 +30,7 @@ const std::map<WindowManagerSetup, SetupRow> table{
     {WindowManagerSetup::xfwm4,
         {{"xfwm4", true, true}, {{"xfwm4", "--compositor=on", "--vblank=off"}}}},
     {WindowManagerSetup::metacity,
-        {{"metacity"}, {{"metacity", "--sm-disable", "--no-composite"}}}},
+        {{"metacity", true, true}, {{"metacity", "--sm-disable", "--composite"}}}},
     {WindowManagerSetup::marco, {{"marco"}, {{"marco", "--sm-disable", "--no-composite"}}}},
     {WindowManagerSetup::mutter, {{"mutter", true, true}, {{"mutter", "--x11", "--sm-disable"}}}},
     {WindowManagerSetup::kwin, {{"kwin", true, true}, {{"kwin_x11", "--no-kactivities"}}}},
@@ -189,6 +187,9 @@ void RunningWindowManager::switchToWorkspace(const XConnection& x, unsigned work
             environment, home.path() / "i3-msg.log"});
         return;
     }
+    const auto count = x.property(x.root(), "_NET_NUMBER_OF_DESKTOPS");
+    if (count.empty() || count[0] <= workspace)
+        x.sendToRoot(x.root(), "_NET_NUMBER_OF_DESKTOPS", {workspace + 1});
     x.sendToRoot(x.root(), "_NET_CURRENT_DESKTOP", {workspace, XCB_CURRENT_TIME});
     const std::vector<uint32_t> expected{workspace};
     if (!waitUntil([&] { return x.property(x.root(), "_NET_CURRENT_DESKTOP") == expected; }))
