@@ -85,7 +85,7 @@ set_up() {
     fi
     while read -r package probe; do
         is_present "$probe" || missing+=("  $(in_words "$probe") (Debian: $package)")
-    done < <(packages_of "$@")
+    done < <(packages_of "$@" | sort -u)
     [ "${#missing[@]}" -eq 0 ] && return
     echo "Only Debian packages are installed from here. Missing on this system:" >&2
     printf '%s\n' "${missing[@]}" >&2
