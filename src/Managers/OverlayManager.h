@@ -20,9 +20,9 @@ public:
         std::shared_ptr<NotesManager> notesManager, Application& application);
 
     /// True from the start, before any panel exists: the first toggle reads this flag.
-    Published<bool> isVisible {this, true};
+    Published<bool> isVisible{this, true};
     /// True while the overlay shows the editor. Hiding does not clear it.
-    Published<bool> isEditing {this, false};
+    Published<bool> isEditing{this, false};
 
     const std::shared_ptr<WindowManager> windowManager;
     const std::shared_ptr<NotesManager> notesManager;
