@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "MirkpadApp.h"
 
-#include "OverlayView.h"
+#include "PlainOverlay.h"
 
 namespace sablequill {
 
 MirkpadApp::MirkpadApp(const Platform& platform)
-    : appState(platform, [](AppState& state) { return std::make_unique<OverlayView>(state); })
+    : appState(platform, [](AppState& state) { return std::make_unique<PlainOverlay>(state); })
 {
 }
 
