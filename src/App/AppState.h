@@ -19,7 +19,8 @@ class StorageManager;
 class WindowManager;
 
 /// Makes the overlay's view; called once.
-using OverlayContentFactory = std::function<std::unique_ptr<PanelContent>(class AppState& appState)>;
+using OverlayContentFactory =
+    std::function<std::unique_ptr<PanelContent>(class AppState& appState)>;
 
 /// Creates every manager once, in dependency order, and wires them together.
 class AppState : public ObservableObject, public OverlayEnvironment {
@@ -34,9 +35,9 @@ public:
     const std::shared_ptr<HotkeyManager> hotkeyManager;
 
     /// The first-run guide is to be shown.
-    Published<bool> showOnboarding {this, false};
+    Published<bool> showOnboarding{this, false};
     /// The settings last applied.
-    Published<AppSettings> currentSettings {this};
+    Published<AppSettings> currentSettings{this};
 
     /// Creates the overlay's panel and shows it, on the first call only.
     void bootstrap();
