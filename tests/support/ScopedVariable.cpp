@@ -14,7 +14,7 @@ void set(const char* name, const std::optional<QByteArray>& value)
 
 } // namespace
 
-ScopedVariable::ScopedVariable(const char* name, std::optional<QByteArray> value)
+ScopedVariable::ScopedVariable(const char* name, const std::optional<QByteArray>& value)
     : name(name)
 {
     if (qEnvironmentVariableIsSet(name))

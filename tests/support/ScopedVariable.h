@@ -12,7 +12,7 @@ namespace sablequill {
 class ScopedVariable {
 public:
     /// Without a value, the variable is unset.
-    explicit ScopedVariable(const char* name, std::optional<QByteArray> value = {});
+    explicit ScopedVariable(const char* name, const std::optional<QByteArray>& value = {});
     ScopedVariable(const char* name, const std::filesystem::path& value);
     ~ScopedVariable();
 

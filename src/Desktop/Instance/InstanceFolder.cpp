@@ -33,11 +33,13 @@ bool isOurs(const struct stat& status)
 /// $XDG_RUNTIME_DIR stays as it was when another user's shell is entered.
 std::optional<fs::path> runtimeFolder()
 {
-    const auto folder = absolutePathIn("XDG_RUNTIME_DIR");
+    auto folder = absolutePathIn("XDG_RUNTIME_DIR");
     struct stat status = {};
     const bool isUsable =
         folder && ::stat(folder->c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-    return isUsable && isOurs(status) ? folder : std::nullopt;
+    if (!isUsable || !isOurs(status))
+        folder.reset();
+    return folder;
 }
 
 std::optional<fs::path> stateFolder()
@@ -75,7 +77,7 @@ int openPrivate(const fs::path& folder)
     Files::createPrivateFolder(folder);
     const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     struct stat status = {};
-    // What others may only read or enter, and what an odd mask has closed to us, can be put right.
+    // Where others could only read or enter, that is put right.
     if (fd >= 0 && ::fstat(fd, &status) == 0 && isOurs(status) && ::fchmod(fd, S_IRWXU) == 0)
         return fd;
     if (fd >= 0)

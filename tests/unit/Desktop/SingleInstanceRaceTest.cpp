@@ -73,6 +73,7 @@ protected:
     {
         const StartingLine line(runners);
         std::vector<std::unique_ptr<ChildProcess>> children;
+        children.reserve(runners);
         for (int runner = 0; runner < runners; ++runner) {
             children.push_back(
                 std::make_unique<ChildProcess>([&](const ChildProcess::Report& report) {
