@@ -14,8 +14,8 @@ using ModifierFlags = KeyboardShortcutBinding::ModifierFlags;
 
 struct Modifier {
     ModifierFlags flag;
-    std::uint32_t carbonMask;
-    char16_t sign;
+    std::uint32_t carbonMask = 0;
+    char16_t sign = 0;
 };
 
 /// In the order in which menus show them, which is not the order of the bits.

@@ -10,11 +10,13 @@ namespace sablequill {
 namespace {
 
 constexpr int previewLength = 80;
+/// Units in which that many characters usually fit.
+constexpr qsizetype previewWindow = 1280;
 
 /// Looks at the start of a long text only, as far as the preview needs.
 QString onOneLine(QStringView text)
 {
-    for (qsizetype window = 16 * previewLength;; window *= 8) {
+    for (qsizetype window = previewWindow;; window *= 8) {
         const bool isWhole = window >= text.size();
         QString line = text.first(isWhole ? text.size() : window).toString();
         line.replace(u'\n', u' ');

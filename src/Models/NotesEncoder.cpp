@@ -48,7 +48,7 @@ std::span<const QByteArrayView> NotesEncoder::encode(const std::vector<MirkpadIt
     for (const Entry& entry : entries) {
         if (pieces.size() > 1)
             pieces.push_back(separator);
-        pieces.push_back(entry.bytes);
+        pieces.emplace_back(entry.bytes);
     }
     pieces.push_back(entries.empty() ? listEnd.sliced(1) : listEnd);
     return pieces;

@@ -32,7 +32,8 @@ template <> struct Codec<bool> {
     static QJsonValue write(bool value) { return value; }
 };
 
-/// Any JSON number. The value written is finite, or null is written.
+/// Any JSON number that is a 64-bit integer or a finite double; the parser refuses a text with
+/// others. The value written is finite, or null is written.
 template <> struct Codec<double> {
     static Decoded<double> read(Element element);
     static QJsonValue write(double value) { return value; }
@@ -115,6 +116,8 @@ template <typename T> Decoded<T> decode(QByteArrayView text)
 {
     if (text.startsWith("\xEF\xBB\xBF"))
         text = text.sliced(3);
+    if (text.isEmpty())
+        text = ""; // the parser copies from no null pointer
     simdjson::dom::parser parser;
     Element root;
     const auto error = parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(root);

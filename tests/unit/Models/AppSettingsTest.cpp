@@ -233,6 +233,12 @@ TEST(DecodeSettings, numbers_ofAnyKind)
         decodeSettings(fileWith("0.92", "18446744073709551615"))->opacity, 18446744073709551615.0);
 }
 
+TEST(DecodeSettings, numberThatNoTypeHolds_refused)
+{
+    for (const char* number : {"1e400", "-1e400", "123456789012345678901234567890"})
+        EXPECT_FALSE(decodeSettings(fileWith("0.92", number))) << number;
+}
+
 TEST(DecodeSettings, keyCodeWithinRange_read)
 {
     for (const auto& [text, keyCode] :
