@@ -35,7 +35,7 @@ struct RunAttributes {
     std::optional<SemanticColor> foregroundColor = {};
     /// A union of InlinePresentationIntent bits; 0 is no intent.
     std::uint32_t inlinePresentationIntent = 0;
-    /// Destination of a link; empty when the run is none.
+    /// Destination of a link, as written in the text; empty when the run is none.
     QString link = {};
 
     bool operator==(const RunAttributes&) const = default;
@@ -48,11 +48,14 @@ struct Run {
     bool operator==(const Run&) const = default;
 };
 
-/// Text in runs of equal attributes, in reading order. No run is empty except where a producer says so.
+/// Text in runs of equal attributes, in reading order. What `append` built has no empty run and no
+/// two neighbors with equal attributes.
 struct AttributedString {
     std::vector<Run> runs;
 
+    /// Lengthens the last run when its attributes are the same; empty text changes nothing.
     void append(const QString& text, const RunAttributes& attributes = {});
+    void append(const AttributedString& other);
     QString text() const;
 
     bool operator==(const AttributedString&) const = default;
