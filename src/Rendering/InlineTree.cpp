@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "InlineTree.h"
+
+#include "InlineLine.h"
+
+#include <QStringDecoder>
+
+#include <cmark-gfm-core-extensions.h>
+#include <cmark-gfm-extension_api.h>
+#include <cmark-gfm.h>
+
+#include <memory>
+#include <vector>
+
+namespace sablequill::InlineMarkdown {
+namespace {
+
+template <auto Free> struct Deleter {
+    template <typename T> void operator()(T* handle) const { Free(handle); }
+};
+using Parser = std::unique_ptr<cmark_parser, Deleter<cmark_parser_free>>;
+using Node = std::unique_ptr<cmark_node, Deleter<cmark_node_free>>;
+using Iterator = std::unique_ptr<cmark_iter, Deleter<cmark_iter_free>>;
+
+cmark_syntax_extension* strikethroughExtension()
+{
+    static cmark_syntax_extension* const extension = [] {
+        cmark_gfm_core_extensions_ensure_registered();
+        return cmark_find_syntax_extension("strikethrough");
+    }();
+    return extension;
+}
+
+Node parse(const std::string& line)
+{
+    const Parser parser{cmark_parser_new(CMARK_OPT_DEFAULT)};
+    cmark_parser_attach_syntax_extension(parser.get(), strikethroughExtension());
+    cmark_parser_feed(parser.get(), line.data(), line.size());
+    return Node{cmark_parser_finish(parser.get())};
+}
+
+/// Without one space at each end when both are spaces and something else is between them.
+std::string_view strippedCode(std::string_view code)
+{
+    const bool isStripped = code.starts_with(' ') && code.ends_with(' ')
+        && code.find_first_not_of(' ') != std::string_view::npos;
+    return isStripped ? code.substr(1, code.size() - 2) : code;
+}
+
+/// Turns the nodes of one line into runs.
+class TreeWalker {
+public:
+    TreeWalker(const InlineLine& line, AttributedString& out)
+        : line(line)
+        , out(out)
+    {
+    }
+
+    void walk(cmark_node* document)
+    {
+        const Iterator iterator{cmark_iter_new(document)};
+        for (auto event = cmark_iter_next(iterator.get()); event != CMARK_EVENT_DONE;
+             event = cmark_iter_next(iterator.get())) {
+            cmark_node* const node = cmark_iter_get_node(iterator.get());
+            if (event == CMARK_EVENT_EXIT)
+                leave(node);
+            else
+                enter(node);
+        }
+        finish();
+    }
+
+private:
+    void enter(cmark_node* node)
+    {
+        switch (cmark_node_get_type(node)) {
+        case CMARK_NODE_TEXT:
+            appendText(cmark_node_get_literal(node));
+            break;
+        case CMARK_NODE_CODE:
+            appendCode(node);
+            break;
+        case CMARK_NODE_HTML_INLINE:
+            use(InlinePresentationIntent::inlineHTML);
+            line.appendVerbatim(cmark_node_get_literal(node), pending);
+            break;
+        case CMARK_NODE_LINK:
+            links.push_back(destination(node));
+            break;
+        default:
+            countSpan(node, 1);
+        }
+    }
+
+    void leave(cmark_node* node)
+    {
+        if (cmark_node_get_type(node) == CMARK_NODE_LINK)
+            links.pop_back();
+        else
+            countSpan(node, -1);
+    }
+
+    void countSpan(cmark_node* node, int change)
+    {
+        if (cmark_node_get_type(node) == CMARK_NODE_STRONG)
+            strongDepth += change;
+        else if (cmark_node_get_type(node) == CMARK_NODE_EMPH)
+            emphasisDepth += change;
+        else if (cmark_node_get_syntax_extension(node) == strikethroughExtension())
+            strikethroughDepth += change;
+    }
+
+    QString destination(cmark_node* link) const
+    {
+        std::string typed;
+        line.appendVerbatim(cmark_node_get_url(link), typed);
+        return QString::fromStdString(typed);
+    }
+
+    void appendText(std::string_view literal)
+    {
+        if (!isBehindGuard) {
+            literal.remove_prefix(InlineLine::guardSize());
+            isBehindGuard = true;
+        }
+        use(0);
+        line.appendText(literal, pending);
+    }
+
+    /// From the line itself: the node's own literal has lost the spaces at its ends.
+    void appendCode(cmark_node* node)
+    {
+        const auto first = static_cast<std::size_t>(cmark_node_get_start_column(node)) - 1;
+        const auto end = static_cast<std::size_t>(cmark_node_get_end_column(node));
+        std::string typed;
+        line.appendVerbatim(std::string_view(line.bytes()).substr(first, end - first), typed);
+        use(InlinePresentationIntent::code);
+        pending += strippedCode(typed);
+    }
+
+    /// What is pending goes out when the next piece has other attributes.
+    void use(std::uint32_t ownIntent)
+    {
+        RunAttributes attributes;
+        attributes.inlinePresentationIntent = ownIntent
+            | (strongDepth > 0 ? InlinePresentationIntent::stronglyEmphasized : 0)
+            | (emphasisDepth > 0 ? InlinePresentationIntent::emphasized : 0)
+            | (strikethroughDepth > 0 ? InlinePresentationIntent::strikethrough : 0);
+        if (!links.empty())
+            attributes.link = links.back();
+        if (attributes == pendingAttributes)
+            return;
+        flush();
+        pendingAttributes = std::move(attributes);
+    }
+
+    void flush()
+    {
+        appendPlain(pending, pendingAttributes, out);
+        pending.clear();
+    }
+
+    /// The guard at the end is the end of the last text: nothing in the line can take it in.
+    void finish()
+    {
+        pending.resize(pending.size() - InlineLine::guardSize());
+        flush();
+    }
+
+    const InlineLine& line;
+    AttributedString& out;
+    int strongDepth = 0;
+    int emphasisDepth = 0;
+    int strikethroughDepth = 0;
+    std::vector<QString> links;
+    bool isBehindGuard = false;
+    std::string pending;
+    RunAttributes pendingAttributes;
+};
+
+} // namespace
+
+void appendRuns(std::string_view text, AttributedString& out)
+{
+    const InlineLine line(text);
+    const Node document = parse(line.bytes());
+    TreeWalker(line, out).walk(document.get());
+}
+
+void appendPlain(std::string_view text, const RunAttributes& attributes, AttributedString& out)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    out.append(
+        decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size()))), attributes);
+}
+
+} // namespace sablequill::InlineMarkdown
