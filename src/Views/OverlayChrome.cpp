@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "OverlayChrome.h"
+
+#include "CardShadow.h"
+#include "CardShape.h"
+#include "Ink.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace sablequill {
+
+OverlayChrome::OverlayChrome(QWidget* content)
+{
+    setPalette(paletteFor(Surroundings::dark));
+    auto* layout = new QVBoxLayout(this);
+    // The panel's frame is what counts, also when it is smaller than the content would like.
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
+    layout->setContentsMargins(shadowReach());
+    layout->addWidget(content);
+}
+
+QMargins OverlayChrome::shadowReach() const
+{
+    return isComposited ? cardShadowReach() : QMargins();
+}
+
+void OverlayChrome::setComposited(bool next)
+{
+    isComposited = next;
+    layout()->setContentsMargins(shadowReach());
+    update();
+}
+
+QPainterPath OverlayChrome::shapeIn(const QWidget& widget)
+{
+    const QWidget* ancestor = widget.parentWidget();
+    while (ancestor && !qobject_cast<const OverlayChrome*>(ancestor))
+        ancestor = ancestor->parentWidget();
+    if (!ancestor)
+        return {};
+    const auto* chrome = static_cast<const OverlayChrome*>(ancestor);
+    return cardShape(chrome->card(), CardPatch::cornerRadius)
+        .translated(-QPointF(widget.mapTo(chrome, QPoint())));
+}
+
+void OverlayChrome::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    if (isComposited) {
+        patch.paint(painter, size(), devicePixelRatioF());
+        return;
+    }
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    CardPatch::paintStroke(painter, rect(), 1);
+}
+
+QRect OverlayChrome::card() const
+{
+    return rect().marginsRemoved(shadowReach());
+}
+
+} // namespace sablequill
