@@ -17,7 +17,7 @@ private:
     void drain();
 
     std::function<void()> onTerminate;
-    int descriptor = -1;
+    const int descriptor;
 };
 
 } // namespace sablequill
