@@ -18,7 +18,7 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server, P
     : server(server)
     , canBecomeKey(description.canBecomeKey)
     , window(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint)
-    , alpha([this](double value) { window.setWindowOpacity(value); })
+    , alpha([this](double value) { applyAlpha(value); })
     , compositor(server)
     , stacking(server)
     , focus(server, presses)
@@ -113,6 +113,13 @@ void X11Panel::setSharingType(SharingType)
 void X11Panel::setAlpha(double value)
 {
     alpha.setAlpha(value);
+}
+
+void X11Panel::applyAlpha(double value)
+{
+    window.setWindowOpacity(value);
+    // The toolkit sends only when it next has something to read: a fade would come in one step.
+    xcb_flush(server.connection);
 }
 
 void X11Panel::animateAlpha(double value, AlphaAnimation animation)

@@ -44,6 +44,7 @@ public:
 
 private:
     void connectWindow();
+    void applyAlpha(double value);
     void applyInputShape();
     void keepStacking();
     void moveOntoScreen();
