@@ -16,17 +16,19 @@ namespace {
 
 constexpr std::array terminatingSignals{SIGTERM, SIGINT, SIGHUP};
 
-volatile std::sig_atomic_t wakeDescriptor = -1;
+/// All that a handler can reach.
+int wakeUp = -1;
 
-void wakeMainLoop(int)
+void handleSignal(int)
 {
-    const int kept = errno;
+    const int interruptedError = errno;
     const std::uint64_t once = 1;
-    [[maybe_unused]] const ssize_t written = write(wakeDescriptor, &once, sizeof once);
-    errno = kept;
+    // It fails only when the counter is full, and then the main loop is about to read it.
+    [[maybe_unused]] const auto written = write(wakeUp, &once, sizeof once);
+    errno = interruptedError;
 }
 
-void handleWith(void (*handler)(int))
+void setHandler(void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
@@ -37,29 +39,29 @@ void handleWith(void (*handler)(int))
 
 } // namespace
 
-// Handled, not blocked and read: the toolkit's threads would not share the mask and the first of
-// them would let the signal end the process, while every program started from here would inherit
-// it.
+// Handled, not blocked: a mask would not hold for the threads that run already, and would be handed
+// on to the programs that open links, which then could not be ended.
 UnixSignals::UnixSignals(std::function<void()> onTerminate)
     : onTerminate(std::move(onTerminate))
     , descriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
 {
     auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &UnixSignals::drain);
-    wakeDescriptor = descriptor;
-    handleWith(wakeMainLoop);
+    wakeUp = descriptor;
+    setHandler(handleSignal);
 }
 
 UnixSignals::~UnixSignals()
 {
-    handleWith(SIG_DFL);
+    setHandler(SIG_DFL);
+    wakeUp = -1;
     close(descriptor);
 }
 
 void UnixSignals::drain()
 {
-    std::uint64_t received = 0;
-    if (read(descriptor, &received, sizeof received) == sizeof received)
+    std::uint64_t times = 0;
+    if (read(descriptor, &times, sizeof times) == sizeof times)
         onTerminate();
 }
 

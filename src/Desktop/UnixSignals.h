@@ -17,7 +17,7 @@ private:
     void drain();
 
     std::function<void()> onTerminate;
-    const int descriptor;
+    int descriptor;
 };
 
 } // namespace sablequill
