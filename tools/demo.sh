@@ -122,7 +122,7 @@ start_desktop() {
     export DISPLAY
     start server Xvfb "$DISPLAY" -screen 0 1280x800x24 -noreset -nolisten tcp
     await "a display" xdotool getdisplaygeometry
-    start manager openbox
+    start manager openbox --sm-disable --config-file "$here/demo/openbox.xml"
     start compositor picom --backend xrender --config /dev/null
     "$here/demo/draw-slide.sh" "$private/slide.png"
     start slide feh --fullscreen --hide-pointer --class slide "$private/slide.png"
