@@ -7,9 +7,9 @@
 #include "Files.h"
 #include "LoginItem.h"
 #include "UnreadableFile.h"
+#include "UserFolders.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace fs = std::filesystem;
 
@@ -41,16 +41,6 @@ MirkpadItem welcomeNote()
     };
 }
 
-/// Nothing for a variable that is unset, empty or relative: such a folder would move with the
-/// working directory.
-std::optional<fs::path> absolutePathIn(const char* variable)
-{
-    const char* value = std::getenv(variable);
-    if (value == nullptr || !fs::path(value).is_absolute())
-        return {};
-    return value;
-}
-
 bool replaceFile(
     const fs::path& url, std::span<const QByteArrayView> chunks, bool& holdsUnreadableBytes)
 {
@@ -75,11 +65,8 @@ StorageManager::StorageManager(LoginItem& loginItem)
 
 fs::path StorageManager::appSupportDirectory()
 {
-    const fs::path name(Constants::appName.toStdString());
-    if (const auto dataHome = absolutePathIn("XDG_DATA_HOME"))
-        return *dataHome / name;
-    if (const auto home = absolutePathIn("HOME"))
-        return *home / ".local/share" / name;
+    if (const auto dataHome = UserFolders::in("XDG_DATA_HOME", ".local/share"))
+        return *dataHome / Constants::appName.toStdString();
     fatalStop("Unexpectedly found nil while unwrapping an Optional value");
 }
 

@@ -2,6 +2,7 @@
 #include "InstanceFolder.h"
 
 #include "Files.h"
+#include "UserFolders.h"
 
 #include <QByteArray>
 
@@ -18,12 +19,6 @@ namespace fs = std::filesystem;
 namespace sablequill {
 namespace {
 
-std::optional<fs::path> absolutePathIn(const char* variable)
-{
-    const fs::path path(qgetenv(variable).toStdString());
-    return path.is_absolute() ? std::optional(path) : std::nullopt;
-}
-
 /// Ours, and nobody else can have put anything into it.
 bool isOurs(const struct stat& status)
 {
@@ -33,21 +28,13 @@ bool isOurs(const struct stat& status)
 /// $XDG_RUNTIME_DIR stays as it was when another user's shell is entered.
 std::optional<fs::path> runtimeFolder()
 {
-    auto folder = absolutePathIn("XDG_RUNTIME_DIR");
+    auto folder = UserFolders::in("XDG_RUNTIME_DIR");
     struct stat status = {};
     const bool isUsable =
         folder && ::stat(folder->c_str(), &status) == 0 && S_ISDIR(status.st_mode);
     if (!isUsable || !isOurs(status))
         folder.reset();
     return folder;
-}
-
-std::optional<fs::path> stateFolder()
-{
-    if (const auto folder = absolutePathIn("XDG_STATE_HOME"))
-        return folder;
-    const auto home = absolutePathIn("HOME");
-    return home ? std::optional(*home / ".local" / "state") : std::nullopt;
 }
 
 /// "host:0.1" is another screen of "host:0".
@@ -92,7 +79,7 @@ std::vector<fs::path> InstanceFolder::candidates()
     std::vector<fs::path> folders;
     if (const auto runtime = runtimeFolder())
         folders.push_back(*runtime / "sablequill" / displayName());
-    if (const auto state = stateFolder())
+    if (const auto state = UserFolders::in("XDG_STATE_HOME", ".local/state"))
         folders.push_back(*state / "sablequill" / machineName() / displayName());
     return folders;
 }
