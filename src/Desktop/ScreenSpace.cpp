@@ -38,6 +38,21 @@ int moveInside(int start, int length, int rangeStart, int rangeLength)
     return std::max(rangeStart, std::min(start, rangeStart + rangeLength - length));
 }
 
+/// The toolkit keeps the top left of a screen in native pixels and scales its extent alone. That is
+/// rounded to whole points: `margin` is how many the last pixels may lie outside.
+std::optional<QPoint> toolkitPoint(const QScreen& screen, const QPoint& pixel, double margin)
+{
+    const QRect geometry = screen.geometry();
+    const QPointF inside = QPointF(pixel - geometry.topLeft()) / screen.devicePixelRatio();
+    if (inside.x() < 0 || inside.x() >= geometry.width() + margin || inside.y() < 0
+        || inside.y() >= geometry.height() + margin)
+        return std::nullopt;
+    const QPoint whole(static_cast<int>(inside.x()), static_cast<int>(inside.y()));
+    const QPoint last(geometry.width() - 1, geometry.height() - 1);
+    return geometry.topLeft()
+        + QPoint(std::min(whole.x(), last.x()), std::min(whole.y(), last.y()));
+}
+
 } // namespace
 
 QRect toToolkit(const Rect& rect)
@@ -55,6 +70,17 @@ Rect fromToolkit(const QRect& rect)
     return {static_cast<double>(rect.x() - zero.x()),
         static_cast<double>(zero.y() - rect.y() - rect.height()), static_cast<double>(rect.width()),
         static_cast<double>(rect.height())};
+}
+
+std::optional<Rect> fromNative(const QPoint& pixel)
+{
+    for (const double margin : {0.0, 1.0}) {
+        for (const QScreen* screen : QGuiApplication::screens()) {
+            if (const auto point = toolkitPoint(*screen, pixel, margin))
+                return fromToolkit(QRect(*point, QSize(0, 0)));
+        }
+    }
+    return std::nullopt;
 }
 
 QRect movedOntoScreen(const QRect& rect)

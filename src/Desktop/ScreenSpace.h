@@ -3,7 +3,10 @@
 
 #include "Rect.h"
 
+#include <QPoint>
 #include <QRect>
+
+#include <optional>
 
 /// The one place where the program's coordinates (points, origin at the bottom left of the primary
 /// screen, y up) and the toolkit's (device-independent pixels, origin at the top left of the
@@ -12,6 +15,10 @@ namespace sablequill::ScreenSpace {
 
 QRect toToolkit(const Rect& rect);
 Rect fromToolkit(const QRect& rect);
+
+/// A place without extent from the display server's own pixels, of which a scaled screen has
+/// several to a point; nothing when it is on no screen.
+std::optional<Rect> fromNative(const QPoint& pixel);
 
 /// The rectangle itself when any part of it is on a screen, otherwise moved, and not resized, onto
 /// the nearest one.

@@ -3,6 +3,7 @@
 
 #include "Rect.h"
 
+#include <QIcon>
 #include <QString>
 
 #include <functional>
@@ -25,8 +26,9 @@ struct StatusMenuEntry {
 /// What a status item is made from.
 struct StatusItemDescription {
     QString title;
-    /// Name of the symbol that is its icon.
-    QString symbol;
+    /// Draws itself in every size that a status area asks for, and stands out from light and dark
+    /// ones alike.
+    QIcon icon;
     std::function<void(const StatusItemAnchor& anchor)> onActivated;
     std::vector<StatusMenuEntry> menu;
 };

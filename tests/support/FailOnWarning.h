@@ -18,4 +18,10 @@ inline void failOnWarning(QtMsgType type, const QMessageLogContext&, const QStri
         std::abort();
 }
 
+/// Installs the handler for the rest of the process.
+inline void failOnWarnings()
+{
+    qInstallMessageHandler(failOnWarning);
+}
+
 } // namespace sablequill

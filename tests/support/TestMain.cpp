@@ -6,7 +6,7 @@
 int main(int argc, char* argv[])
 {
     testing::InitGoogleTest(&argc, argv);
-    qInstallMessageHandler(sablequill::failOnWarning);
+    sablequill::failOnWarnings();
     QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "SessionBus.h"
 
+#include <cstring>
 #include <fstream>
 #include <stdexcept>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace sablequill {
 
@@ -25,6 +30,18 @@ fs::path writeConfiguration(const PrivateHome& home)
     return path;
 }
 
+/// The socket's file is there a moment before the daemon listens on it.
+bool takesConnections(const fs::path& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    const int client = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int result = connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    close(client);
+    return result == 0;
+}
+
 } // namespace
 
 SessionBus::SessionBus(const PrivateHome& home, const Environment& environment)
@@ -32,8 +49,7 @@ SessionBus::SessionBus(const PrivateHome& home, const Environment& environment)
                   "--config-file=" + writeConfiguration(home).string()},
         environment, home.path() / "bus.log"})
 {
-    // The socket's file appears when the daemon begins to listen on it.
-    if (!waitUntil([&] { return fs::exists(socketPath(home)); }))
+    if (!waitUntil([&] { return takesConnections(socketPath(home)); }))
         throw std::runtime_error("no session bus came up: " + daemon.output());
 }
 

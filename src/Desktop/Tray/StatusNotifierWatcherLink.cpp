@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "StatusNotifierWatcherLink.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+namespace sablequill {
+namespace {
+
+const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString path = QStringLiteral("/StatusNotifierWatcher");
+const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
+
+QDBusMessage callTo(const QString& interface, const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, method);
+    call.setArguments(arguments);
+    // It is the desktop that decides what shows its items.
+    call.setAutoStartService(false);
+    return call;
+}
+
+/// Whether the question went to a watcher that hangs, in contrast to none.
+bool isWithoutAnswer(const QDBusError& error)
+{
+    return error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout
+        || error.type() == QDBusError::TimedOut;
+}
+
+} // namespace
+
+StatusNotifierWatcherLink::StatusNotifierWatcherLink(
+    const QDBusConnection& bus, const QString& itemPath)
+    : bus(bus)
+    , itemPath(itemPath)
+{
+    owner.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    connect(&owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](
+            const QString&, const QString&, const QString& newOwner) { ownerChanged(newOwner); });
+}
+
+void StatusNotifierWatcherLink::start()
+{
+    owner.setConnection(bus);
+    owner.addWatchedService(service);
+    follow(QStringLiteral("StatusNotifierHostRegistered"));
+    follow(QStringLiteral("StatusNotifierHostUnregistered"));
+    registerItem();
+    askForHost();
+}
+
+void StatusNotifierWatcherLink::follow(const QString& signal)
+{
+    bus.connect(service, path, service, signal, this, SLOT(askForHost()));
+}
+
+void StatusNotifierWatcherLink::ownerChanged(const QString& newOwner)
+{
+    if (newOwner.isEmpty()) {
+        ++latest;
+        takeNoWatcher();
+        return;
+    }
+    registerItem();
+    askForHost();
+}
+
+void StatusNotifierWatcherLink::registerItem()
+{
+    bus.send(callTo(service, QStringLiteral("RegisterStatusNotifierItem"), {itemPath}));
+}
+
+void StatusNotifierWatcherLink::askForHost()
+{
+    const unsigned question = ++latest;
+    const QDBusMessage call = callTo(properties, QStringLiteral("Get"),
+        {service, QStringLiteral("IsStatusNotifierHostRegistered")});
+    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, question] {
+        pending->deleteLater();
+        if (question == latest)
+            takeAnswer(*pending);
+    });
+}
+
+void StatusNotifierWatcherLink::takeAnswer(const QDBusPendingReply<QDBusVariant>& reply)
+{
+    if (reply.isValid())
+        take(reply.value().variant().toBool() ? Host::present : Host::absent);
+    else if (reply.error().name() == u"org.freedesktop.DBus.Error.NameHasNoOwner")
+        takeNoWatcher();
+    else if (!isWithoutAnswer(reply.error()))
+        take(Host::absent);
+}
+
+void StatusNotifierWatcherLink::takeNoWatcher()
+{
+    // When desktops start, a new watcher may be there although its announcement still waits in the
+    // main loop; whoever believes that there is none would then run into one that is busy starting.
+    if (!bus.interface()->isServiceRegistered(service))
+        take(Host::absent);
+}
+
+void StatusNotifierWatcherLink::take(Host host)
+{
+    if (host == currentHost)
+        return;
+    currentHost = host;
+    Q_EMIT hostChanged();
+}
+
+} // namespace sablequill
