@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "NullLoginItem.h"
+#include "AutostartLoginItem.h"
+#include "DesktopStatusItem.h"
 #include "Platform.h"
+#include "PortalColorScheme.h"
 #include "QtApplication.h"
 #include "QtMainQueue.h"
 #include "QtScreens.h"
+#include "SessionBus.h"
 #include "X11HotKeyCenter.h"
 #include "X11Panel.h"
 #include "XServer.h"
@@ -22,13 +25,15 @@ public:
     Platform platform();
 
     QtApplication application;
+    DesktopStatusItem statusItem{sessionBus()};
+    PortalColorScheme colorScheme;
 
 private:
     XServer server;
     X11PanelFactory panels{server};
     QtScreens screens;
     X11HotKeyCenter hotKeys{server};
-    NullLoginItem loginItem;
+    AutostartLoginItem loginItem;
     QtMainQueue mainQueue;
 };
 

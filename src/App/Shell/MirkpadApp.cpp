@@ -1,19 +1,61 @@
 // SPDX-License-Identifier: MIT
 #include "MirkpadApp.h"
 
+#include "ColorScheme.h"
+#include "Icons.h"
+#include "Ink.h"
 #include "PlainOverlay.h"
+#include "Refresh.h"
+#include "SettingsView.h"
+
+#include <QApplication>
+#include <QToolTip>
 
 namespace sablequill {
 
-MirkpadApp::MirkpadApp(const Platform& platform)
-    : appState(platform, [](AppState& state) { return std::make_unique<PlainOverlay>(state); })
+MirkpadApp::MirkpadApp(
+    const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
+    : colorScheme(colorScheme)
+    , appState(platform, [](AppState& state) { return std::make_unique<PlainOverlay>(state); })
+    , menuBarExtra(appState, platform, statusItem)
+    , onboardingSheet(appState, platform)
 {
+    auto* following = new Refresh(this, [this] { followColorScheme(); });
+    following->observe(&colorScheme);
+    followColorScheme();
 }
+
+MirkpadApp::~MirkpadApp() = default;
 
 void MirkpadApp::launch()
 {
     delegate.applicationDidFinishLaunching();
-    appState.bootstrap();
+    menuBarExtra.launch();
+}
+
+void MirkpadApp::openPopover()
+{
+    menuBarExtra.open();
+}
+
+void MirkpadApp::showSettingsWindow()
+{
+    if (!settingsWindow) {
+        settingsWindow = std::make_unique<SettingsView>(appState);
+        settingsWindow->setWindowTitle(tr("Sablequill Settings"));
+        settingsWindow->setWindowIcon(applicationIcon());
+    }
+    settingsWindow->show();
+    settingsWindow->raise();
+    settingsWindow->activateWindow();
+}
+
+void MirkpadApp::followColorScheme()
+{
+    const QPalette palette
+        = paletteFor(colorScheme.prefersDark ? Surroundings::dark : Surroundings::light);
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
 }
 
 } // namespace sablequill

@@ -41,15 +41,14 @@ Rect movedInto(const Rect& rect, const Rect& area)
 Rect popover(
     double width, double height, const StatusItemAnchor& anchor, const ScreenFrames& screen)
 {
-    const Rect wished
-        = anchor ? at(width, height, *anchor, screen) : inCorner(width, height, screen);
+    const Rect wished =
+        anchor ? at(width, height, *anchor, screen) : inCorner(width, height, screen);
     return movedInto(wished, screen.visibleFrame);
 }
 
 Rect centered(double width, double height, const Rect& owner, const Rect& area)
 {
-    return movedInto(
-        {owner.midX() - width / 2, owner.midY() - height / 2, width, height}, area);
+    return movedInto({owner.midX() - width / 2, owner.midY() - height / 2, width, height}, area);
 }
 
 } // namespace sablequill::WindowPlacement

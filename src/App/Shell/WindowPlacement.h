@@ -10,9 +10,9 @@ namespace sablequill::WindowPlacement {
 /// `rect` moved, and not resized, into `area`: to its left or top edge where it does not fit.
 Rect movedInto(const Rect& rect, const Rect& area);
 
-/// A popover of the given size at the status item: below it in the upper half of the screen, above it
-/// otherwise. Without an anchor in the corner of the screen nearest to its bar (the top right one
-/// where there is none).
+/// A popover of the given size at the status item: below it in the upper half of the screen, above
+/// it otherwise. Without an anchor in the corner of the screen nearest to its bar (the top right
+/// one where there is none).
 Rect popover(
     double width, double height, const StatusItemAnchor& anchor, const ScreenFrames& screen);
 

@@ -72,6 +72,11 @@ void TextLabel::reserve(const QString& widest)
         updateGeometry();
 }
 
+void TextLabel::wrapAt(int width)
+{
+    setFixedSize(width, heightForWidth(width));
+}
+
 void TextLabel::setMonospacedDesign()
 {
     setFont(monospacedFont(textStyle));

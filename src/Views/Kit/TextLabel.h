@@ -29,6 +29,8 @@ public:
     void setMonospacedDigits();
     /// Makes the label as wide as this text at least, so that what stands beside it does not move.
     void reserve(const QString& widest);
+    /// Wraps the text at this width, in points, and makes the label as high as that needs.
+    void wrapAt(int width);
     /// Uses the fixed-pitch family.
     void setMonospacedDesign();
 

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "Icons.h"
+
+#include "Symbol.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace sablequill {
+namespace {
+
+constexpr std::initializer_list<int> iconSides {16, 22, 24, 32, 48, 64};
+
+QPixmap clearPixmap(int side)
+{
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    return pixmap;
+}
+
+QPixmap statusPixmap(int side)
+{
+    const Symbol symbol {QStringLiteral("note.text"), 13, QFont::DemiBold};
+    // The rim takes a sixteenth of the side all round.
+    const double rim = side / 16.0;
+    const double ratio = (side - 2 * rim) / symbolExtent(symbol.size);
+    QPixmap dark = symbolPixmap(symbol, Qt::black, ratio);
+    QPixmap white = symbolPixmap(symbol, Qt::white, ratio);
+    dark.setDevicePixelRatio(1);
+    white.setDevicePixelRatio(1);
+
+    QPixmap pixmap = clearPixmap(side);
+    QPainter painter(&pixmap);
+    painter.setOpacity(0.35);
+    for (const double dx : {-rim, 0.0, rim})
+        for (const double dy : {-rim, 0.0, rim})
+            painter.drawPixmap(QPointF(rim + dx, rim + dy), dark);
+    painter.setOpacity(1);
+    painter.drawPixmap(QPointF(rim, rim), white);
+    return pixmap;
+}
+
+} // namespace
+
+QIcon applicationIcon()
+{
+    QIcon icon;
+    QSvgRenderer drawing(QStringLiteral(":/icon/io.github.sablequill.Sablequill.svg"));
+    for (const int side : iconSides) {
+        QPixmap pixmap = clearPixmap(side);
+        QPainter painter(&pixmap);
+        drawing.render(&painter);
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+QIcon statusIcon()
+{
+    QIcon icon;
+    for (const int side : iconSides)
+        icon.addPixmap(statusPixmap(side));
+    return icon;
+}
+
+} // namespace sablequill

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "MenuBarExtra.h"
+
+#include "AppState.h"
+#include "Application.h"
+#include "Constants.h"
+#include "Icons.h"
+#include "MainQueue.h"
+#include "MenuBarView.h"
+#include "PanelCard.h"
+#include "Platform.h"
+#include "WindowPlacement.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace sablequill {
+namespace {
+
+/// Seconds within which a click on the item follows the press that dismissed the popover.
+constexpr double clickTime = 0.3;
+/// Seconds that a host of the status area takes to give the icon its place.
+constexpr double dockingTime = 0.5;
+
+PanelAttributes popoverAttributes()
+{
+    return {.isFloatingPanel = true,
+        .titleVisibility = TitleVisibility::hidden,
+        .titlebarAppearsTransparent = true,
+        .backgroundColor = BackgroundColor::clear,
+        .isOpaque = false,
+        .hasShadow = false};
+}
+
+} // namespace
+
+MenuBarExtra::MenuBarExtra(
+    AppState& appState, const Platform& platform, StatusItem& statusItem)
+    : appState(appState)
+    , screens(platform.screens)
+    , statusItem(statusItem)
+    , mainQueue(platform.mainQueue)
+{
+    Application& application = platform.application;
+    view = new MenuBarView(
+        appState, [&] { application.showSettingsWindow(); }, [&] { application.terminate(); });
+    auto content = std::make_unique<PanelCard>(view);
+    card = content.get();
+    panel = platform.panels.makePanel({.contentRect = {0, 0, 280, 400},
+        .styleMask = StyleMask::borderless | StyleMask::nonactivatingPanel,
+        .canBecomeKey = true});
+    panel->setAttributes(popoverAttributes());
+    panel->setContent(std::move(content));
+    panel->setLevel(WindowLevel::floating);
+    panel->setDidLoseAttention([this] { loseAttention(); });
+    connect(view, &MenuBarView::escaped, this, &MenuBarExtra::close);
+    connect(view, &MenuBarView::heightChanged, this, [this] {
+        if (isOpen())
+            place();
+    });
+}
+
+MenuBarExtra::~MenuBarExtra() = default;
+
+void MenuBarExtra::launch()
+{
+    addToStatusArea();
+    // The popover is there at once; the icon is still on its way.
+    present({});
+    mainQueue.after(dockingTime, [self = QPointer(this)] {
+        if (!self || !self->isOpen() || self->anchor)
+            return;
+        self->anchor = self->statusItem.anchor();
+        self->place();
+    });
+}
+
+void MenuBarExtra::addToStatusArea()
+{
+    std::vector<StatusMenuEntry> menu;
+    for (const MenuAction& action : view->actions)
+        menu.push_back({action.title, action.run});
+    statusItem.show({.title = Constants::appName,
+        .icon = statusIcon(),
+        .onActivated = [this](const StatusItemAnchor& place) { toggle(place); },
+        .menu = std::move(menu)});
+}
+
+void MenuBarExtra::open()
+{
+    present(statusItem.anchor());
+    panel->makeKey();
+}
+
+void MenuBarExtra::close()
+{
+    panel->orderOut();
+}
+
+bool MenuBarExtra::isOpen() const
+{
+    return panel->isVisible();
+}
+
+void MenuBarExtra::toggle(const StatusItemAnchor& place)
+{
+    if (isOpen()) {
+        close();
+    } else if (!wasJustDismissed) {
+        present(place);
+        panel->makeKey();
+    }
+}
+
+void MenuBarExtra::loseAttention()
+{
+    close();
+    wasJustDismissed = true;
+    mainQueue.after(clickTime, [self = QPointer(this)] {
+        if (self)
+            self->wasJustDismissed = false;
+    });
+}
+
+void MenuBarExtra::present(const StatusItemAnchor& next)
+{
+    anchor = next;
+    view->appear();
+    place();
+    panel->orderFrontRegardless();
+    appState.bootstrap();
+}
+
+void MenuBarExtra::place()
+{
+    const QSize size = card->contentSize();
+    const auto screen = screens.screenOf(anchor.value_or(Rect{}));
+    if (screen)
+        panel->setFrame(WindowPlacement::popover(size.width(), size.height(), anchor, *screen));
+}
+
+} // namespace sablequill

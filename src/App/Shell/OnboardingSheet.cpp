@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "OnboardingSheet.h"
+
+#include "AppState.h"
+#include "OnboardingView.h"
+#include "OverlayManager.h"
+#include "OverlayPanel.h"
+#include "PanelCard.h"
+#include "Platform.h"
+#include "Refresh.h"
+#include "Screens.h"
+#include "WindowManager.h"
+#include "WindowPlacement.h"
+
+namespace sablequill {
+
+OnboardingSheet::OnboardingSheet(AppState& appState, const Platform& platform)
+    : appState(appState)
+    , panels(platform.panels)
+    , screens(platform.screens)
+{
+    auto* refresh = new Refresh(this, [this] { update(); });
+    refresh->observe(&appState);
+    refresh->observe(appState.overlayManager.get());
+}
+
+OnboardingSheet::~OnboardingSheet() = default;
+
+void OnboardingSheet::update()
+{
+    const bool isWanted = appState.showOnboarding && appState.windowManager->overlayPanel;
+    if (!isWanted)
+        close();
+    else if (!panel)
+        present();
+    // The guide goes away and comes back with the overlay that it lies over, and stays above it.
+    else if (appState.overlayManager->isVisible)
+        panel->orderFrontRegardless();
+    else
+        panel->orderOut();
+}
+
+void OnboardingSheet::present()
+{
+    auto* view = new OnboardingView(appState);
+    connect(view, &OnboardingView::dismissed, this, [this] { appState.showOnboarding = false; });
+    panel = panels.makePanel({.contentRect = frame(),
+        .styleMask = StyleMask::borderless | StyleMask::nonactivatingPanel,
+        .canBecomeKey = true});
+    panel->setAttributes({.isFloatingPanel = true,
+        .titleVisibility = TitleVisibility::hidden,
+        .titlebarAppearsTransparent = true,
+        .isMovableByWindowBackground = true,
+        .backgroundColor = BackgroundColor::clear,
+        .isOpaque = false,
+        .hasShadow = false});
+    panel->setContent(std::make_unique<PanelCard>(view));
+    panel->setLevel(WindowLevel::floating);
+    panel->orderFrontRegardless();
+    // Without a press nothing else could give the keyboard to it.
+    panel->makeKey();
+}
+
+void OnboardingSheet::close()
+{
+    if (!panel)
+        return;
+    panel->orderOut();
+    panel.reset();
+}
+
+Rect OnboardingSheet::frame() const
+{
+    constexpr double width = 480;
+    constexpr double height = 420;
+    const Rect overlay = appState.windowManager->overlayPanel->panel().frame();
+    const auto screen = screens.screenOf(overlay);
+    return WindowPlacement::centered(
+        width, height, overlay, screen ? screen->visibleFrame : overlay);
+}
+
+} // namespace sablequill

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "PanelCard.h"
+
+#include "CardPatch.h"
+#include "CardShadow.h"
+#include "CardShape.h"
+#include "Ink.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace sablequill {
+
+PanelCard::PanelCard(QWidget* content)
+    : content(content)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
+    layout->setContentsMargins(shadowReach());
+    layout->addWidget(content);
+}
+
+QSize PanelCard::contentSize() const
+{
+    return content->sizeHint().expandedTo(content->minimumSize()).boundedTo(content->maximumSize());
+}
+
+QMargins PanelCard::shadowReach() const
+{
+    return isComposited ? cardShadowReach() : QMargins();
+}
+
+double PanelCard::cornerRadius() const
+{
+    return CardPatch::cornerRadius;
+}
+
+void PanelCard::setComposited(bool next)
+{
+    isComposited = next;
+    layout()->setContentsMargins(shadowReach());
+    picture = QPixmap();
+    update();
+}
+
+void PanelCard::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        picture = QPixmap();
+    QWidget::changeEvent(event);
+}
+
+void PanelCard::paintEvent(QPaintEvent*)
+{
+    const double ratio = devicePixelRatioF();
+    if (picture.isNull() || picture.size() != size() * ratio)
+        picture = drawn();
+    QPainter(this).drawPixmap(0, 0, picture);
+}
+
+QPixmap PanelCard::drawn() const
+{
+    const double ratio = devicePixelRatioF();
+    QPixmap pixmap(size() * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF card = rect().marginsRemoved(shadowReach());
+    if (isComposited)
+        paintCardShadow(painter, card, 1);
+    const QColor ground = palette().color(QPalette::Window);
+    if (isComposited)
+        painter.fillPath(cardShape(card, cornerRadius()), ground);
+    else
+        painter.fillRect(card, ground);
+    painter.strokePath(cardShape(card.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius() - 0.5),
+        QPen(color({InkRole::divider, 1.5}, surroundingsOf(*this)), 1));
+    return pixmap;
+}
+
+} // namespace sablequill

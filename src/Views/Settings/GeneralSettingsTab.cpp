@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "GeneralSettingsTab.h"
+
+#include "FormCard.h"
+#include "Layout.h"
+#include "Refresh.h"
+#include "SettingsViewModel.h"
+#include "StepSlider.h"
+#include "Switch.h"
+#include "TextLabel.h"
+
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace sablequill {
+namespace {
+
+// The sliders' ranges. Opacity in hundredths, so that every step is the double nearest to it.
+constexpr int leastOpacity = 40;
+constexpr int opacityStep = 2;
+constexpr int opacitySteps = 30;
+constexpr int leastFontSize = 12;
+constexpr int fontSizeSteps = 16;
+
+QString percentage(double opacity)
+{
+    return QStringLiteral("%1%").arg(static_cast<int>(opacity * 100));
+}
+
+QString points(double size)
+{
+    return QStringLiteral("%1 pt").arg(static_cast<int>(size));
+}
+
+TextLabel* valueLabel(const QString& widest)
+{
+    auto* label = new TextLabel(QString(), TextStyles::body, {InkRole::secondary});
+    label->setMonospacedDigits();
+    label->reserve(widest);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
+QWidget* group(const QString& label, TextLabel* value, StepSlider* slider)
+{
+    return column(6, {row(defaultSpacing, {new TextLabel(label), spacer(), value}), slider},
+        HorizontalAlignment::leading);
+}
+
+} // namespace
+
+GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
+    : viewModel(viewModel)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(groupedForm({
+        new FormCard({
+            opacityGroup(),
+            fontSizeGroup(),
+        }),
+        new FormCard({
+            toggle(QStringLiteral("Always on top"), viewModel.alwaysOnTop),
+            toggle(QStringLiteral("Launch at login"), viewModel.launchAtStartup),
+            toggle(QStringLiteral("Mirk mode (hide from recordings)"), viewModel.mirkModeEnabled),
+        }),
+    }));
+
+    const auto refreshAll = [this] {
+        for (const auto& refresh : refreshers)
+            refresh();
+    };
+    auto* refreshing = new Refresh(this, refreshAll);
+    refreshing->observe(&viewModel);
+    refreshAll();
+}
+
+QWidget* GeneralSettingsTab::opacityGroup()
+{
+    auto* value = valueLabel(percentage(1));
+    auto* slider = named(QStringLiteral("opacity"), QStringLiteral("Opacity"),
+        new StepSlider(opacitySteps));
+    connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
+        viewModel.opacity = (leastOpacity + step * opacityStep) / 100.0;
+        value->setText(percentage(viewModel.opacity));
+        viewModel.persist();
+    });
+    refreshers.emplace_back([this, slider, value] {
+        const QSignalBlocker silently(slider);
+        const double step = (viewModel.opacity * 100 - leastOpacity) / opacityStep;
+        slider->setValue(static_cast<int>(std::lround(step)));
+        slider->update();
+        value->setText(percentage(viewModel.opacity));
+    });
+    return group(QStringLiteral("Opacity"), value, slider);
+}
+
+QWidget* GeneralSettingsTab::fontSizeGroup()
+{
+    auto* value = valueLabel(points(28));
+    auto* slider = named(QStringLiteral("fontSize"), QStringLiteral("Font Size"),
+        new StepSlider(fontSizeSteps));
+    connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
+        viewModel.fontSize = leastFontSize + step;
+        value->setText(points(viewModel.fontSize));
+        viewModel.persist();
+    });
+    refreshers.emplace_back([this, slider, value] {
+        const QSignalBlocker silently(slider);
+        slider->setValue(static_cast<int>(std::lround(viewModel.fontSize)) - leastFontSize);
+        slider->update();
+        value->setText(points(viewModel.fontSize));
+    });
+    return group(QStringLiteral("Font Size"), value, slider);
+}
+
+QWidget* GeneralSettingsTab::toggle(const QString& label, Published<bool>& value)
+{
+    auto* control = named(label, label, new Switch);
+    connect(control, &Switch::toggled, this, [this, &value](bool isOn) {
+        value = isOn;
+        viewModel.persist();
+    });
+    refreshers.emplace_back([control, &value] {
+        const QSignalBlocker silently(control);
+        if (control->isChecked() != value)
+            control->setChecked(value);
+    });
+    return row(defaultSpacing, {new TextLabel(label), spacer(), control});
+}
+
+} // namespace sablequill

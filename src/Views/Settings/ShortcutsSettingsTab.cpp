@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ShortcutsSettingsTab.h"
+
+#include "AppState.h"
+#include "FormCard.h"
+#include "HotkeyManager.h"
+#include "Layout.h"
+#include "PushButton.h"
+#include "Refresh.h"
+#include "SettingsViewModel.h"
+#include "TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace sablequill {
+namespace {
+
+/// Between the edges of the tab and the text in its cards.
+constexpr int textWidth = 520 - 2 * (20 + 10 + 1);
+
+TextLabel* caption()
+{
+    auto* text
+        = new TextLabel(QStringLiteral("Global shortcuts work system-wide. Toggle overlay: ⌘⇧G · "
+                                       "Quick open: ⌘⇧O · Previous/Next note: ⌘⇧↑/↓"),
+            TextStyles::caption, {InkRole::secondary}, TextLabel::Lines::many);
+    text->wrapAt(textWidth);
+    return text;
+}
+
+} // namespace
+
+ShortcutsSettingsTab::ShortcutsSettingsTab(SettingsViewModel& viewModel, AppState& appState)
+    : viewModel(viewModel)
+    , appState(appState)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(groupedForm({
+        new FormCard({
+            shortcutRow(HotkeyAction::toggleOverlay),
+            shortcutRow(HotkeyAction::quickOpen),
+            shortcutRow(HotkeyAction::nextNote),
+            shortcutRow(HotkeyAction::previousNote),
+        }),
+        new FormCard({
+            resetRow(),
+        }),
+        new FormCard({
+            caption(),
+        }),
+    }));
+
+    auto* refreshing = new Refresh(this, [this] { refresh(); });
+    refreshing->observe(&viewModel);
+    refresh();
+}
+
+QWidget* ShortcutsSettingsTab::shortcutRow(HotkeyAction action)
+{
+    auto* binding = new TextLabel(QString(), TextStyles::body, {InkRole::secondary});
+    binding->setMonospacedDigits();
+    binding->setObjectName(rawValue(action));
+    bindings[action] = binding;
+    return row(defaultSpacing, {new TextLabel(displayName(action)), spacer(), binding});
+}
+
+QWidget* ShortcutsSettingsTab::resetRow()
+{
+    const QString title = QStringLiteral("Reset to Defaults");
+    const auto reset = [this] {
+        viewModel.resetShortcuts();
+        appState.hotkeyManager->registerHotkeys();
+    };
+    return row(defaultSpacing,
+        {
+            named(title, title,
+                new PushButton(title, PushButton::Style::bordered,
+                    PushButton::ControlSize::regular, reset)),
+            spacer(),
+        });
+}
+
+void ShortcutsSettingsTab::refresh()
+{
+    const auto& shortcuts = viewModel.shortcuts.get();
+    for (const auto& [action, label] : bindings) {
+        const auto found = shortcuts.find(action);
+        label->setText(
+            found == shortcuts.end() ? QStringLiteral("—") : found->second.displayString());
+    }
+}
+
+} // namespace sablequill
