@@ -18,7 +18,8 @@ void QtApplication::showSettingsWindow()
 
 void QtApplication::terminate()
 {
-    QCoreApplication::quit();
+    // quit() would close the windows behind their owners' backs.
+    QCoreApplication::exit();
 }
 
 } // namespace sablequill

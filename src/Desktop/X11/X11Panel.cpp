@@ -33,7 +33,11 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server, P
     connectWindow();
 }
 
-X11Panel::~X11Panel() = default;
+X11Panel::~X11Panel()
+{
+    // The keyboard would be left to nobody.
+    orderOut();
+}
 
 void X11Panel::connectWindow()
 {
