@@ -154,7 +154,15 @@ void X11Panel::orderOut()
 
 void X11Panel::makeKey()
 {
-    if (canBecomeKey && window.isVisible() && !focus.hasFocus())
+    if (!canBecomeKey)
+        return;
+    // After the views' refresh that is already waiting: a key typed at once must find the editor.
+    QMetaObject::invokeMethod(this, &X11Panel::takeKeyboard, Qt::QueuedConnection);
+}
+
+void X11Panel::takeKeyboard()
+{
+    if (window.isVisible() && !focus.hasFocus())
         focus.take(static_cast<xcb_window_t>(window.winId()));
 }
 

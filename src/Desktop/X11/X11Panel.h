@@ -46,6 +46,7 @@ private:
     void connectWindow();
     void applyAlpha(double value);
     void applyInputShape();
+    void takeKeyboard();
     void keepStacking();
     void moveOntoScreen();
     void followFocus(const QWindow* focused);
