@@ -77,6 +77,8 @@ OnboardingView::OnboardingView(AppState& appState)
     layout->addWidget(divider());
     layout->addWidget(navigationBar());
     setCurrentPage(0);
+    // So that the keys work before anything in the guide was pressed.
+    setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* OnboardingView::welcomePage()
