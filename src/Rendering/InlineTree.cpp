@@ -39,6 +39,9 @@ Node parse(const std::string& line)
     return Node{cmark_parser_finish(parser.get())};
 }
 
+/// QString::fromUtf8 drops it from the start of what it decodes.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 /// Without one space at each end when both are spaces and something else is between them.
 std::string_view strippedCode(std::string_view code)
 {
@@ -189,9 +192,13 @@ void appendRuns(std::string_view text, AttributedString& out)
 
 void appendPlain(std::string_view text, const RunAttributes& attributes, AttributedString& out)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    out.append(
-        decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size()))), attributes);
+    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+    if (!text.starts_with(byteOrderMark)) {
+        out.append(QString::fromUtf8(bytes), attributes);
+        return;
+    }
+    QStringDecoder keepingMark(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    out.append(keepingMark(bytes), attributes);
 }
 
 } // namespace sablequill::InlineMarkdown

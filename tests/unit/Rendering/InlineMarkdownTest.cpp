@@ -129,6 +129,7 @@ INSTANTIATE_TEST_SUITE_P(WhiteSpace, InlineMarkdownReading,
         ReadingCase{"zero", QString(u"a\0b"_s), "[]a\uFFFDb"},
         ReadingCase{"zeroBeforeCode", QString(u"\0`b`"_s), "[]\uFFFD[code]b"},
         ReadingCase{"byteOrderMark", u"\uFEFFa *\uFEFFb*"_s, "[]\uFEFFa [emphasis]\uFEFFb"},
+        ReadingCase{"twoByteOrderMarks", u"\uFEFF\uFEFFa"_s, "[]\uFEFF\uFEFFa"},
         ReadingCase{
             "astral", u"😀 **👩‍👩‍👧**"_s, "[]😀 [strong]👩‍👩‍👧"}),
     rowName);
