@@ -223,10 +223,12 @@ void appendReplaced(
 InlineLine::InlineLine(std::string_view text)
     : formFeed(standInForFormFeed(text))
 {
-    line.reserve(text.size() + text.size() / 16 + 2 * guard.size());
+    line.reserve(text.size() + text.size() / 16 + 2 * guard.size() + 1);
     line += guard;
     LineEncoder(text, formFeed, line).encode();
     line += guard;
+    // Without it the parser would keep the line for the text to come, and copy it.
+    line += '\n';
 }
 
 std::size_t InlineLine::guardSize()

@@ -8,7 +8,8 @@
 namespace sablequill::InlineMarkdown {
 
 /// A text written as one line between two spaces that are not ASCII, so that a parser of Markdown
-/// blocks takes all of it for one paragraph and trims nothing. All text is UTF-8.
+/// blocks takes all of it for one paragraph and trims nothing. A line feed ends the line. All text
+/// is UTF-8.
 ///
 /// In the line, form feeds are ours alone: after a tab they are a line break whose kind is their
 /// number, and a pair elsewhere keeps two characters apart and means nothing.
@@ -18,7 +19,7 @@ public:
 
     const std::string& bytes() const { return line; }
 
-    /// Bytes of the space at each end of the line.
+    /// Bytes of the space at each end of the text.
     static std::size_t guardSize();
 
     /// Appends the typed form of a text node. A line break behind a backslash takes the backslash.

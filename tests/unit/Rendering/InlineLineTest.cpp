@@ -18,9 +18,10 @@ const std::string guard = "\xE2\x81\x9F";
 std::string body(const InlineLine& line)
 {
     const std::string& bytes = line.bytes();
-    EXPECT_TRUE(bytes.starts_with(guard) && bytes.ends_with(guard));
+    const std::string end = guard + "\n";
+    EXPECT_TRUE(bytes.starts_with(guard) && bytes.ends_with(end));
     EXPECT_EQ(InlineLine::guardSize(), guard.size());
-    return bytes.substr(guard.size(), bytes.size() - 2 * guard.size());
+    return bytes.substr(guard.size(), bytes.size() - guard.size() - end.size());
 }
 
 std::string asText(const InlineLine& line, std::string_view literal)
