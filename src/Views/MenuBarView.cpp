@@ -29,8 +29,8 @@ PlainButton* menuButton(const MenuAction& action)
 {
     auto* symbol = new SymbolView({action.icon});
     symbol->setFixedWidth(16);
-    auto* label = padded(
-        insets(12, 5), row(defaultSpacing, {symbol, new TextLabel(action.title), spacer()}));
+    auto* label =
+        padded(insets(12, 5), row(defaultSpacing, {symbol, new TextLabel(action.title), spacer()}));
     return named(action.title, action.title, new PlainButton(label, rowBackdrop, action.run));
 }
 
@@ -117,8 +117,8 @@ MenuBarView::MenuBarView(
 QWidget* MenuBarView::header()
 {
     mirkIndicator = named(QStringLiteral("mirkIndicator"), tr("Mirk mode is on"),
-        new SymbolView({QStringLiteral("eye.slash.fill"), TextStyles::caption.size},
-            {InkRole::green}));
+        new SymbolView(
+            {QStringLiteral("eye.slash.fill"), TextStyles::caption.size}, {InkRole::green}));
     return padded(insets(12),
         row(defaultSpacing,
             {
@@ -213,7 +213,8 @@ void MenuBarView::refresh()
     }
     overflow->setVisible(notes.size() > shownNotes);
     if (notes.size() > shownNotes)
-        overflowText->setText(QStringLiteral("+ %1 more in Settings").arg(notes.size() - shownNotes));
+        overflowText->setText(
+            QStringLiteral("+ %1 more in Settings").arg(notes.size() - shownNotes));
     layout()->activate();
     Q_EMIT heightChanged();
 }

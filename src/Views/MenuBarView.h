@@ -28,10 +28,9 @@ class MenuBarView : public QWidget {
     Q_OBJECT
 
 public:
-    /// The application state outlives the view. `showSettings` and `quit` are what the last two entries
-    /// do.
-    MenuBarView(
-        AppState& appState, std::function<void()> showSettings, std::function<void()> quit);
+    /// The application state outlives the view. `showSettings` and `quit` are what the last two
+    /// entries do.
+    MenuBarView(AppState& appState, std::function<void()> showSettings, std::function<void()> quit);
 
     /// In their order; the last one ends the program.
     const std::vector<MenuAction> actions;

@@ -4,8 +4,8 @@
 #include "AppState.h"
 #include "Layout.h"
 #include "PagedView.h"
-#include "Plate.h"
 #include "PlainButton.h"
+#include "Plate.h"
 #include "PushButton.h"
 #include "SymbolView.h"
 #include "TextLabel.h"
@@ -27,8 +27,8 @@ constexpr int tipLabelWidth = 72;
 
 QWidget* pageSymbol(const QString& name, Ink ink, int topPadding)
 {
-    return padded({0, topPadding, 0, 0},
-        column(0, {new SymbolView({name, symbolSize, QFont::Light}, ink)}));
+    return padded(
+        {0, topPadding, 0, 0}, column(0, {new SymbolView({name, symbolSize, QFont::Light}, ink)}));
 }
 
 TextLabel* pageTitle(const QString& text)
@@ -77,8 +77,6 @@ OnboardingView::OnboardingView(AppState& appState)
     layout->addWidget(divider());
     layout->addWidget(navigationBar());
     setCurrentPage(0);
-    // So that the keys work before anything in the guide was pressed.
-    setFocus(Qt::OtherFocusReason);
 }
 
 QWidget* OnboardingView::welcomePage()
@@ -115,8 +113,7 @@ QWidget* OnboardingView::mirkModePage()
             padded({0, 4, 0, 0},
                 row(8,
                     {
-                        new SymbolView(
-                            {QStringLiteral("checkmark.circle.fill")}, {InkRole::green}),
+                        new SymbolView({QStringLiteral("checkmark.circle.fill")}, {InkRole::green}),
                         new TextLabel(QStringLiteral("Enabled by default"), TextStyles::callout),
                     })),
         });
@@ -144,8 +141,8 @@ QWidget* OnboardingView::mirkTipRow(const QString& label, const QString& text)
 {
     auto* heading = new TextLabel(label, TextStyles::caption.weighted(QFont::DemiBold));
     heading->setFixedWidth(tipLabelWidth);
-    auto* body = new TextLabel(
-        text, TextStyles::caption, {InkRole::secondary}, TextLabel::Lines::many);
+    auto* body =
+        new TextLabel(text, TextStyles::caption, {InkRole::secondary}, TextLabel::Lines::many);
     body->wrapAt(viewSize.width() - 2 * tipPadding - tipLabelWidth - 8);
     return row(8, {heading, body}, VerticalAlignment::top);
 }
@@ -169,11 +166,10 @@ QWidget* OnboardingView::navigationBar()
     const QString finish = QStringLiteral("Get Started");
     backButton = named(back, back,
         new PlainButton(new TextLabel(back), {}, [this] { setCurrentPage(currentPage() - 1); }));
-    continueButton
-        = prominentButton(next, [this] { setCurrentPage(currentPage() + 1); });
+    continueButton = prominentButton(next, [this] { setCurrentPage(currentPage() + 1); });
     getStartedButton = prominentButton(finish, [this] { appState.completeOnboarding(); });
-    return padded(insets(20),
-        row(defaultSpacing, {backButton, spacer(), continueButton, getStartedButton}));
+    return padded(
+        insets(20), row(defaultSpacing, {backButton, spacer(), continueButton, getStartedButton}));
 }
 
 int OnboardingView::currentPage() const
@@ -187,6 +183,13 @@ void OnboardingView::setCurrentPage(int page)
     backButton->setVisible(currentPage() > 0);
     continueButton->setVisible(currentPage() < lastPage);
     getStartedButton->setVisible(currentPage() == lastPage);
+}
+
+void OnboardingView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    // So that the keys work before anything in the guide was pressed.
+    setFocus(Qt::OtherFocusReason);
 }
 
 void OnboardingView::keyPressEvent(QKeyEvent* event)

@@ -26,6 +26,7 @@ Q_SIGNALS:
     void dismissed();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -9,7 +9,7 @@
 namespace sablequill {
 namespace {
 
-constexpr std::initializer_list<int> iconSides {16, 22, 24, 32, 48, 64};
+constexpr std::initializer_list<int> iconSides{16, 22, 24, 32, 48, 64};
 
 QPixmap clearPixmap(int side)
 {
@@ -20,7 +20,7 @@ QPixmap clearPixmap(int side)
 
 QPixmap statusPixmap(int side)
 {
-    const Symbol symbol {QStringLiteral("note.text"), 13, QFont::DemiBold};
+    const Symbol symbol{QStringLiteral("note.text"), 13, QFont::DemiBold};
     // The rim takes a sixteenth of the side all round.
     const double rim = side / 16.0;
     const double ratio = (side - 2 * rim) / symbolExtent(symbol.size);

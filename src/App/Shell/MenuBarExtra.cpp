@@ -35,8 +35,7 @@ PanelAttributes popoverAttributes()
 
 } // namespace
 
-MenuBarExtra::MenuBarExtra(
-    AppState& appState, const Platform& platform, StatusItem& statusItem)
+MenuBarExtra::MenuBarExtra(AppState& appState, const Platform& platform, StatusItem& statusItem)
     : appState(appState)
     , screens(platform.screens)
     , statusItem(statusItem)

@@ -13,8 +13,7 @@
 
 namespace sablequill {
 
-MirkpadApp::MirkpadApp(
-    const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
+MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
     : colorScheme(colorScheme)
     , appState(platform, [](AppState& state) { return std::make_unique<PlainOverlay>(state); })
     , menuBarExtra(appState, platform, statusItem)
@@ -52,8 +51,8 @@ void MirkpadApp::showSettingsWindow()
 
 void MirkpadApp::followColorScheme()
 {
-    const QPalette palette
-        = paletteFor(colorScheme.prefersDark ? Surroundings::dark : Surroundings::light);
+    const QPalette palette =
+        paletteFor(colorScheme.prefersDark ? Surroundings::dark : Surroundings::light);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }

@@ -17,8 +17,8 @@ namespace sablequill {
 
 class ColorScheme;
 
-/// The application: holds the one application state for the life of the process, and its scenes: the
-/// status item with its popover, the Settings window, and the guide.
+/// The application: holds the one application state for the life of the process, and its scenes:
+/// the status item with its popover, the Settings window, and the guide.
 class MirkpadApp : public QObject {
 public:
     /// What the platform refers to, the item and the scheme outlive the application.

@@ -95,7 +95,8 @@ void StepSlider::paintEvent(QPaintEvent*)
     painter.setBrush(color({InkRole::accent}, surroundings));
     painter.drawRoundedRect(
         QRectF(track.topLeft(), QSizeF(center, trackHeight)), trackHeight / 2, trackHeight / 2);
-    const QRectF knob(center - knobDiameter / 2, middle - knobDiameter / 2, knobDiameter, knobDiameter);
+    const QRectF knob(
+        center - knobDiameter / 2, middle - knobDiameter / 2, knobDiameter, knobDiameter);
     painter.setPen(QPen(QColor(0, 0, 0, 45), 1));
     painter.setBrush(Qt::white);
     painter.drawEllipse(knob.adjusted(0.5, 0.5, -0.5, -0.5));

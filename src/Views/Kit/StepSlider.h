@@ -7,7 +7,8 @@
 
 namespace sablequill {
 
-/// A horizontal slider over whole steps: by dragging, by a press on its track, by wheel and by keys.
+/// A horizontal slider over whole steps: by dragging, by a press on its track, by wheel and by
+/// keys.
 class StepSlider : public QAbstractSlider {
     Q_OBJECT
 

@@ -80,8 +80,8 @@ GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
 QWidget* GeneralSettingsTab::opacityGroup()
 {
     auto* value = valueLabel(percentage(1));
-    auto* slider = named(QStringLiteral("opacity"), QStringLiteral("Opacity"),
-        new StepSlider(opacitySteps));
+    auto* slider =
+        named(QStringLiteral("opacity"), QStringLiteral("Opacity"), new StepSlider(opacitySteps));
     connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
         viewModel.opacity = (leastOpacity + step * opacityStep) / 100.0;
         value->setText(percentage(viewModel.opacity));
@@ -100,8 +100,8 @@ QWidget* GeneralSettingsTab::opacityGroup()
 QWidget* GeneralSettingsTab::fontSizeGroup()
 {
     auto* value = valueLabel(points(28));
-    auto* slider = named(QStringLiteral("fontSize"), QStringLiteral("Font Size"),
-        new StepSlider(fontSizeSteps));
+    auto* slider = named(
+        QStringLiteral("fontSize"), QStringLiteral("Font Size"), new StepSlider(fontSizeSteps));
     connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
         viewModel.fontSize = leastFontSize + step;
         value->setText(points(viewModel.fontSize));

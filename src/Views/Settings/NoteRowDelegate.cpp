@@ -42,12 +42,13 @@ void NoteRowDelegate::paint(
     const QRect area = option.rect.adjusted(0, 0, 0, -1);
     if (option.state & QStyle::State_MouseOver)
         painter->fillRect(area, ink(InkRole::primary, 0.04));
-    if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange))
+    if ((option.state & QStyle::State_HasFocus)
+        && (option.state & QStyle::State_KeyboardFocusChange))
         painter->fillRect(area, ink(InkRole::accent, 0.16));
 
     const int extent = symbolExtent(symbolSize);
-    QRect content = area.adjusted(
-        horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
+    QRect content =
+        area.adjusted(horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
     if (index.data(NotesListModel::isSelectedRole).toBool()) {
         const QPoint corner(content.right() + 1 - extent, content.center().y() - extent / 2);
         painter->drawPixmap(corner,

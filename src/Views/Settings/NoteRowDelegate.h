@@ -5,8 +5,8 @@
 
 namespace sablequill {
 
-/// Draws a note's row: its title above its preview, a checkmark when the note is the selected one, and
-/// a divider below.
+/// Draws a note's row: its title above its preview, a checkmark when the note is the selected one,
+/// and a divider below.
 class NoteRowDelegate : public QAbstractItemDelegate {
 public:
     using QAbstractItemDelegate::QAbstractItemDelegate;

@@ -61,8 +61,8 @@ void NotesListModel::follow()
         [](const MirkpadItem& note) { return note.id; });
 
     // What is equal at both ends stays; notes come and go one at a time.
-    const auto [oldHead, newHead]
-        = std::mismatch(rows.begin(), rows.end(), next.begin(), next.end());
+    const auto [oldHead, newHead] =
+        std::mismatch(rows.begin(), rows.end(), next.begin(), next.end());
     const auto head = static_cast<int>(oldHead - rows.begin());
     const auto [oldTail, newTail] = std::mismatch(rows.rbegin(),
         std::make_reverse_iterator(oldHead), next.rbegin(), std::make_reverse_iterator(newHead));

@@ -11,8 +11,8 @@ namespace sablequill {
 class NotesManager;
 struct MirkpadItem;
 
-/// The notes as rows of a list. Follows the list by inserting and removing rows, so that a view keeps
-/// its place; the rows read the notes themselves.
+/// The notes as rows of a list. Follows the list by inserting and removing rows, so that a view
+/// keeps its place; the rows read the notes themselves.
 class NotesListModel : public QAbstractListModel {
     Q_OBJECT
 

@@ -49,8 +49,8 @@ void NotesListView::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
-    const QPoint at = isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
-                                   : event->globalPos();
+    const QPoint at =
+        isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
     showMenu(index, at);
 }
 
@@ -68,8 +68,8 @@ void NotesListView::showMenu(const QModelIndex& index, QPoint at)
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // The note as it was when the menu opened: the list may change while it is open.
-    menu->addAction(QStringLiteral("Delete"), this,
-        [this, chosen = *note] { noteStore.deleteNote(chosen); });
+    menu->addAction(
+        QStringLiteral("Delete"), this, [this, chosen = *note] { noteStore.deleteNote(chosen); });
     menu->popup(at);
 }
 

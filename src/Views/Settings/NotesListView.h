@@ -8,8 +8,9 @@ namespace sablequill {
 class NotesListModel;
 class NotesManager;
 
-/// The list of notes. Draws only the rows in sight, so that its length does not matter. A click selects
-/// a note, and so do Return and Space; a context menu (also by its key and by Shift+F10) deletes it.
+/// The list of notes. Draws only the rows in sight, so that its length does not matter. A click
+/// selects a note, and so do Return and Space; a context menu (also by its key and by Shift+F10)
+/// deletes it.
 class NotesListView : public QListView {
     Q_OBJECT
 

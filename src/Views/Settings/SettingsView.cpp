@@ -51,8 +51,7 @@ void SettingsRootView::addTab(const QString& label, const QString& icon, QWidget
 
 QWidget* SettingsRootView::tabBar()
 {
-    return padded(insets(8, 6),
-        row(2, {spacer(), tabs[0], tabs[1], tabs[2], tabs[3], spacer()}));
+    return padded(insets(8, 6), row(2, {spacer(), tabs[0], tabs[1], tabs[2], tabs[3], spacer()}));
 }
 
 int SettingsRootView::currentTab() const

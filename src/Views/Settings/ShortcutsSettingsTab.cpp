@@ -20,9 +20,9 @@ constexpr int textWidth = 520 - 2 * (20 + 10 + 1);
 
 TextLabel* caption()
 {
-    auto* text
-        = new TextLabel(QStringLiteral("Global shortcuts work system-wide. Toggle overlay: ⌘⇧G · "
-                                       "Quick open: ⌘⇧O · Previous/Next note: ⌘⇧↑/↓"),
+    auto* text =
+        new TextLabel(QStringLiteral("Global shortcuts work system-wide. Toggle overlay: ⌘⇧G · "
+                                     "Quick open: ⌘⇧O · Previous/Next note: ⌘⇧↑/↓"),
             TextStyles::caption, {InkRole::secondary}, TextLabel::Lines::many);
     text->wrapAt(textWidth);
     return text;
@@ -75,8 +75,8 @@ QWidget* ShortcutsSettingsTab::resetRow()
     return row(defaultSpacing,
         {
             named(title, title,
-                new PushButton(title, PushButton::Style::bordered,
-                    PushButton::ControlSize::regular, reset)),
+                new PushButton(
+                    title, PushButton::Style::bordered, PushButton::ControlSize::regular, reset)),
             spacer(),
         });
 }

@@ -62,14 +62,12 @@ void TabButton::paintEvent(QPaintEvent*)
         painter.setBrush(color({InkRole::primary, 0.08}, surroundings));
         painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
     }
-    const QColor ink
-        = color({isChecked() ? InkRole::accent : InkRole::secondary}, surroundings);
+    const QColor ink = color({isChecked() ? InkRole::accent : InkRole::secondary}, surroundings);
     const int extent = symbolExtent(symbolSize);
     painter.drawPixmap(QPoint((width() - extent) / 2, 5),
         symbolPixmap({symbol, symbolSize, QFont::Medium}, ink, devicePixelRatioF()));
     painter.setPen(ink);
-    painter.drawText(
-        QRect(0, extent + 4, width(), height() - extent - 6), Qt::AlignCenter, text());
+    painter.drawText(QRect(0, extent + 4, width(), height() - extent - 6), Qt::AlignCenter, text());
     ring.paint(painter, rect(), cornerRadius);
 }
 
