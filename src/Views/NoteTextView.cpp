@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "NoteTextView.h"
+
+#include "LinkPolicy.h"
+#include "OverlayScrollBar.h"
+
+#include <QDesktopServices>
+#include <QFocusEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTextCursor>
+
+#include <utility>
+
+namespace sablequill {
+
+NoteTextView::NoteTextView()
+    : openLink([](const QUrl& link) { QDesktopServices::openUrl(link); })
+{
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setAutoFillBackground(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setOpenLinks(false);
+    setUndoRedoEnabled(false);
+    new OverlayScrollBar(this);
+    connect(this, &QTextBrowser::anchorClicked, this, &NoteTextView::follow);
+}
+
+void NoteTextView::showNote(const AttributedString& note, double fontSize, bool keepsPosition)
+{
+    const int position = keepsPosition ? verticalScrollBar()->value() : 0;
+    NoteDocument made = makeNoteDocument(note, fontSize, padding);
+    shown = std::move(made.text);
+    // The toolkit deletes the document that it made itself, and no other.
+    const QPointer<QTextDocument> previous = document();
+    made.document->setParent(this);
+    setDocument(made.document.release());
+    delete previous;
+    verticalScrollBar()->setValue(position);
+}
+
+QVariant NoteTextView::loadResource(int, const QUrl&)
+{
+    return {};
+}
+
+QMimeData* NoteTextView::createMimeDataFromSelection() const
+{
+    const QTextCursor cursor = textCursor();
+    auto* data = new QMimeData;
+    data->setText(shown.textBetween(cursor.selectionStart(), cursor.selectionEnd()));
+    return data;
+}
+
+void NoteTextView::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
+}
+
+void NoteTextView::focusInEvent(QFocusEvent* event)
+{
+    QTextBrowser::focusInEvent(event);
+    ring.focusChanged(*event);
+}
+
+void NoteTextView::focusOutEvent(QFocusEvent* event)
+{
+    QTextBrowser::focusOutEvent(event);
+    ring.focusChanged(*event);
+}
+
+void NoteTextView::keyPressEvent(QKeyEvent* event)
+{
+    // Arrows alone scroll; with Shift they select.
+    const Qt::TextInteractionFlags flags = textInteractionFlags();
+    if (event->modifiers() & Qt::ShiftModifier)
+        setTextInteractionFlags(flags | Qt::TextSelectableByKeyboard);
+    QTextBrowser::keyPressEvent(event);
+    setTextInteractionFlags(flags);
+}
+
+void NoteTextView::mousePressEvent(QMouseEvent* event)
+{
+    leavesPressToWindow = !hasTextAt(event->position().toPoint());
+    if (leavesPressToWindow)
+        event->ignore();
+    else
+        QTextBrowser::mousePressEvent(event);
+}
+
+void NoteTextView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (leavesPressToWindow)
+        event->ignore();
+    else
+        QTextBrowser::mouseMoveEvent(event);
+}
+
+void NoteTextView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (std::exchange(leavesPressToWindow, false))
+        event->ignore();
+    else
+        QTextBrowser::mouseReleaseEvent(event);
+}
+
+void NoteTextView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (hasTextAt(event->position().toPoint()))
+        QTextBrowser::mouseDoubleClickEvent(event);
+    else
+        mousePressEvent(event);
+}
+
+void NoteTextView::paintEvent(QPaintEvent* event)
+{
+    QTextBrowser::paintEvent(event);
+    QPainter painter(viewport());
+    ring.paint(painter, viewport()->rect(), 4);
+}
+
+void NoteTextView::follow(const QUrl& link)
+{
+    if (mayOpen(link))
+        openLink(link);
+}
+
+bool NoteTextView::hasTextAt(QPoint position) const
+{
+    const QRectF column = QRectF(viewport()->rect()).adjusted(padding, 0, -padding, 0);
+    if (document()->isEmpty() || !column.contains(position))
+        return false;
+    const double y = position.y() + verticalScrollBar()->value();
+    // Only a note that fits is laid out whole; a longer one fills the view.
+    const bool fits = verticalScrollBar()->maximum() == 0;
+    const double end = fits ? document()->size().height() - padding : y + 1;
+    return y >= padding && y < end;
+}
+
+} // namespace sablequill
