@@ -37,7 +37,8 @@ QString typedText(QStringView added)
 
 } // namespace
 
-QString EditBuffer::setText(const QString& text)
+// By value: the text may be the buffer's own.
+QString EditBuffer::setText(QString text) // NOLINT(performance-unnecessary-value-param)
 {
     static_cast<ShownText&>(*this) = ShownText(hasManyLines(text));
     return append(text);
@@ -62,6 +63,7 @@ std::optional<TextEdit> EditBuffer::shownChanged(
 
 ShownEdit EditBuffer::apply(const TextEdit& edit)
 {
+    isDense = isDense || hasManyLines(edit.inserted);
     const qsizetype end = edit.position + edit.removed.size();
     const auto first = std::upper_bound(softBreaks.begin(), softBreaks.end(), edit.position);
     // Two soft breaks that would come to stand side by side become one.

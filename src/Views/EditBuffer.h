@@ -30,7 +30,7 @@ struct ShownEdit {
 class EditBuffer : public ShownText {
 public:
     /// Returns what is to be shown, whole.
-    QString setText(const QString& text);
+    QString setText(QString text);
 
     /// Takes over a change of the document, which reports it in its own places: `removed` units of
     /// what it showed became `added`. Returns what that means for the text; nothing when the text

@@ -26,7 +26,8 @@ public:
     /// With more line breaks than this, a block holds many lines: blocks take time to make.
     static constexpr qsizetype mostBlocks = 50'000;
 
-    /// Empty. `hasManyLines` as `hasManyLines()` says of the text that is going to be appended.
+    /// Empty. `hasManyLines` is what `hasManyLines()` says of the text that is going to be
+    /// appended.
     explicit ShownText(bool hasManyLines = false)
         : isDense(hasManyLines)
     {
