@@ -42,7 +42,10 @@ X11Panel::~X11Panel()
 void X11Panel::connectWindow()
 {
     connect(&compositor, &CompositorWatch::compositedChanged, &window, &PanelWindow::setComposited);
-    connect(&window, &PanelWindow::shapeChanged, this, &X11Panel::applyInputShape);
+    connect(&window, &PanelWindow::shapeChanged, this, [this] {
+        if (window.isVisible())
+            applyInputShape();
+    });
     connect(&window, &PanelWindow::pressed, this, &X11Panel::makeKey);
     connect(&window, &PanelWindow::dragChanged, this,
         [this](bool isDragging) { focus.isDragging = isDragging; });
@@ -134,11 +137,12 @@ void X11Panel::animateAlpha(double value, AlphaAnimation animation)
 void X11Panel::orderFrontRegardless()
 {
     moveOntoScreen();
+    // Before the window is there: not a single click is lost in its margins.
+    applyInputShape();
     if (window.isVisible())
         window.raise();
     else
         window.show();
-    applyInputShape();
     keepStacking();
     focus.watchPresses(didLoseAttention != nullptr);
 }
@@ -183,8 +187,6 @@ void X11Panel::setFrame(const Rect& frame)
 
 void X11Panel::applyInputShape()
 {
-    if (!window.isVisible())
-        return;
     const auto id = static_cast<xcb_window_t>(window.winId());
     const double scale = window.devicePixelRatioF();
     const auto pixels = [&](int points) { return static_cast<int>(std::lround(points * scale)); };
