@@ -26,6 +26,8 @@ struct KeyboardMap {
     std::uint16_t alt = 0;
     std::uint16_t numLock = 0;
     std::uint16_t scrollLock = 0;
+
+    bool operator==(const KeyboardMap&) const = default;
 };
 
 } // namespace sablequill

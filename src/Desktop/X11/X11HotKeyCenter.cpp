@@ -33,7 +33,7 @@ X11HotKeyCenter::X11HotKeyCenter(const XServer& server)
     // One change of layout comes as a burst of events.
     settle.setSingleShot(true);
     settle.setInterval(200ms);
-    QObject::connect(&settle, &QTimer::timeout, &settle, [this] { grabAllAgain(); });
+    QObject::connect(&settle, &QTimer::timeout, &settle, [this] { followMapping(); });
 }
 
 EventHandlerRef X11HotKeyCenter::installEventHandler(
@@ -98,16 +98,28 @@ void X11HotKeyCenter::ungrab(const Grab& grabbed) const
     xcb_flush(server.connection);
 }
 
-void X11HotKeyCenter::grabAllAgain()
+void X11HotKeyCenter::followMapping()
+{
+    const KeyboardMap next = KeyboardMap::read(server);
+    // Most changes leave the modifiers where they were: grabs are by position and stay, so that no
+    // press is lost meanwhile.
+    if (next != keyboard)
+        releaseAll();
+    keyboard = next;
+    for (auto& [ref, hotKey] : hotKeys) {
+        if (!hotKey.grab)
+            hotKey.grab = grab(hotKey.keyCode, hotKey.modifiers);
+    }
+}
+
+void X11HotKeyCenter::releaseAll()
 {
     for (auto& [ref, hotKey] : hotKeys) {
         if (hotKey.grab)
             ungrab(*hotKey.grab);
+        hotKey.grab.reset();
     }
-    keyboard = KeyboardMap::read(server);
     heldKey = 0;
-    for (auto& [ref, hotKey] : hotKeys)
-        hotKey.grab = grab(hotKey.keyCode, hotKey.modifiers);
 }
 
 bool X11HotKeyCenter::filterEvent(const xcb_generic_event_t& event)

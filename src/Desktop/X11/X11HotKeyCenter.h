@@ -49,7 +49,8 @@ private:
 
     std::optional<Grab> grab(std::uint32_t keyCode, std::uint32_t modifiers) const;
     void ungrab(const Grab& grab) const;
-    void grabAllAgain();
+    void followMapping();
+    void releaseAll();
 
     bool filterEvent(const xcb_generic_event_t& event);
     bool isMappingChange(const xcb_generic_event_t& event) const;
