@@ -4,6 +4,8 @@
 #include "PanelContent.h"
 #include "Rect.h"
 
+#include <QString>
+
 #include <functional>
 #include <memory>
 
@@ -41,6 +43,8 @@ struct PanelDescription {
     bool defer = false;
     bool canBecomeKey = false;
     bool canBecomeMain = false;
+    /// What kind of window it is, for the window system and for tests.
+    QString role = QStringLiteral("overlay");
 };
 
 /// What a panel is given once, before its content.

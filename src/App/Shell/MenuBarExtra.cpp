@@ -48,7 +48,8 @@ MenuBarExtra::MenuBarExtra(AppState& appState, const Platform& platform, StatusI
     card = content.get();
     panel = platform.panels.makePanel({.contentRect = {0, 0, 280, 400},
         .styleMask = StyleMask::borderless | StyleMask::nonactivatingPanel,
-        .canBecomeKey = true});
+        .canBecomeKey = true,
+        .role = QStringLiteral("popover")});
     panel->setAttributes(popoverAttributes());
     panel->setContent(std::move(content));
     panel->setLevel(WindowLevel::floating);

@@ -46,7 +46,8 @@ void OnboardingSheet::present()
     connect(view, &OnboardingView::dismissed, this, [this] { appState.showOnboarding = false; });
     panel = panels.makePanel({.contentRect = frame(),
         .styleMask = StyleMask::borderless | StyleMask::nonactivatingPanel,
-        .canBecomeKey = true});
+        .canBecomeKey = true,
+        .role = QStringLiteral("guide")});
     panel->setAttributes({.isFloatingPanel = true,
         .titleVisibility = TitleVisibility::hidden,
         .titlebarAppearsTransparent = true,

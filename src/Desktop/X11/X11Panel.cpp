@@ -24,7 +24,7 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server, P
     , focus(server, presses)
 {
     window.setWindowTitle(Constants::appName);
-    window.setWindowRole(QStringLiteral("overlay"));
+    window.setWindowRole(description.role);
     // Compositors draw no shadow of their own round such a window.
     window.setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
     window.isResizable = (description.styleMask & StyleMask::resizable) != 0;
