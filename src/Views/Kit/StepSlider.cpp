@@ -16,23 +16,33 @@ namespace {
 constexpr double knobDiameter = 18;
 constexpr double trackHeight = 4;
 constexpr int wheelNotch = 120;
+/// A page of keys goes through the whole range in about six.
+constexpr int pages = 6;
 
 } // namespace
 
-StepSlider::StepSlider(int lastStep, QWidget* parent)
+StepSlider::StepSlider(int least, int most, int step, QWidget* parent)
     : QAbstractSlider(parent)
 {
-    setRange(0, lastStep);
-    setSingleStep(1);
-    setPageStep(std::max(1, lastStep / 6));
+    setRange(least, most);
+    setSingleStep(step);
+    setPageStep(step * std::max(1, (most - least) / step / pages));
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(this, &QAbstractSlider::valueChanged, this, [this] { update(); });
 }
 
-double StepSlider::knobCenter(int step) const
+int StepSlider::nearestStep(double value) const
 {
-    return knobDiameter / 2 + (width() - knobDiameter) * step / maximum();
+    const double inRange = std::clamp<double>(value, minimum(), maximum());
+    const long step = std::lround((inRange - minimum()) / singleStep());
+    return minimum() + static_cast<int>(step) * singleStep();
+}
+
+double StepSlider::knobCenter(int value) const
+{
+    const double fraction = static_cast<double>(value - minimum()) / (maximum() - minimum());
+    return knobDiameter / 2 + (width() - knobDiameter) * fraction;
 }
 
 QSize StepSlider::sizeHint() const
@@ -65,7 +75,7 @@ void StepSlider::wheelEvent(QWheelEvent* event)
     wheelTravel += event->angleDelta().y() - event->angleDelta().x();
     const int steps = wheelTravel / wheelNotch;
     wheelTravel -= steps * wheelNotch;
-    setValue(value() + steps);
+    setValue(value() + steps * singleStep());
     event->accept();
 }
 
@@ -106,7 +116,7 @@ void StepSlider::paintEvent(QPaintEvent*)
 void StepSlider::moveTo(double x)
 {
     const double fraction = (x - knobDiameter / 2) / (width() - knobDiameter);
-    setValue(static_cast<int>(std::lround(fraction * maximum())));
+    setValue(nearestStep(minimum() + fraction * (maximum() - minimum())));
 }
 
 } // namespace sablequill

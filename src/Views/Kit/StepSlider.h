@@ -7,17 +7,19 @@
 
 namespace sablequill {
 
-/// A horizontal slider over whole steps: by dragging, by a press on its track, by wheel and by
-/// keys.
+/// A horizontal slider over steps of equal size: by dragging, by a press on its track, by wheel and
+/// by keys. Its value is in the units of what it sets, as screen readers tell it.
 class StepSlider : public QAbstractSlider {
     Q_OBJECT
 
 public:
-    /// Steps from 0 to `lastStep`.
-    explicit StepSlider(int lastStep, QWidget* parent = nullptr);
+    /// `most` is a whole number of steps above `least`.
+    StepSlider(int least, int most, int step, QWidget* parent = nullptr);
 
-    /// The middle of the knob at a step, in the slider's coordinates.
-    double knobCenter(int step) const;
+    /// The step that a value in the slider's units, whatever its size, is nearest to.
+    int nearestStep(double value) const;
+    /// The middle of the knob at a value, in the slider's coordinates.
+    double knobCenter(int value) const;
 
     QSize sizeHint() const override;
 

@@ -12,26 +12,35 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include <cmath>
+#include <algorithm>
+#include <limits>
 
 namespace sablequill {
 namespace {
 
 // The sliders' ranges. Opacity in hundredths, so that every step is the double nearest to it.
 constexpr int leastOpacity = 40;
+constexpr int mostOpacity = 100;
 constexpr int opacityStep = 2;
-constexpr int opacitySteps = 30;
 constexpr int leastFontSize = 12;
-constexpr int fontSizeSteps = 16;
+constexpr int mostFontSize = 28;
+constexpr int fontSizeStep = 1;
+
+/// Toward zero; a settings file may hold numbers beyond those of the type.
+int truncated(double value)
+{
+    constexpr double limit = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(value, -limit, limit));
+}
 
 QString percentage(double opacity)
 {
-    return QStringLiteral("%1%").arg(static_cast<int>(opacity * 100));
+    return QStringLiteral("%1%").arg(truncated(opacity * 100));
 }
 
 QString points(double size)
 {
-    return QStringLiteral("%1 pt").arg(static_cast<int>(size));
+    return QStringLiteral("%1 pt").arg(truncated(size));
 }
 
 TextLabel* valueLabel(const QString& widest)
@@ -80,17 +89,16 @@ GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
 QWidget* GeneralSettingsTab::opacityGroup()
 {
     auto* value = valueLabel(percentage(1));
-    auto* slider =
-        named(QStringLiteral("opacity"), QStringLiteral("Opacity"), new StepSlider(opacitySteps));
-    connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
-        viewModel.opacity = (leastOpacity + step * opacityStep) / 100.0;
+    auto* slider = named(QStringLiteral("opacity"), QStringLiteral("Opacity"),
+        new StepSlider(leastOpacity, mostOpacity, opacityStep));
+    connect(slider, &StepSlider::valueChanged, this, [this, slider, value](int hundredths) {
+        viewModel.opacity = slider->nearestStep(hundredths) / 100.0;
         value->setText(percentage(viewModel.opacity));
         viewModel.persist();
     });
     refreshers.emplace_back([this, slider, value] {
         const QSignalBlocker silently(slider);
-        const double step = (viewModel.opacity * 100 - leastOpacity) / opacityStep;
-        slider->setValue(static_cast<int>(std::lround(step)));
+        slider->setValue(slider->nearestStep(viewModel.opacity * 100));
         slider->update();
         value->setText(percentage(viewModel.opacity));
     });
@@ -100,16 +108,16 @@ QWidget* GeneralSettingsTab::opacityGroup()
 QWidget* GeneralSettingsTab::fontSizeGroup()
 {
     auto* value = valueLabel(points(28));
-    auto* slider = named(
-        QStringLiteral("fontSize"), QStringLiteral("Font Size"), new StepSlider(fontSizeSteps));
-    connect(slider, &StepSlider::valueChanged, this, [this, value](int step) {
-        viewModel.fontSize = leastFontSize + step;
+    auto* slider = named(QStringLiteral("fontSize"), QStringLiteral("Font Size"),
+        new StepSlider(leastFontSize, mostFontSize, fontSizeStep));
+    connect(slider, &StepSlider::valueChanged, this, [this, value](int size) {
+        viewModel.fontSize = size;
         value->setText(points(viewModel.fontSize));
         viewModel.persist();
     });
     refreshers.emplace_back([this, slider, value] {
         const QSignalBlocker silently(slider);
-        slider->setValue(static_cast<int>(std::lround(viewModel.fontSize)) - leastFontSize);
+        slider->setValue(slider->nearestStep(viewModel.fontSize));
         slider->update();
         value->setText(points(viewModel.fontSize));
     });
