@@ -3,11 +3,11 @@
 #include "DesktopPlatform.h"
 #include "MirkpadApp.h"
 #include "SingleInstance.h"
+#include "Toolkit.h"
 #include "UnixSignals.h"
 
 #include <QApplication>
 
-#include <array>
 #include <cstdio>
 #include <memory>
 
@@ -23,14 +23,9 @@ int main(int, char* argv[])
     const std::unique_ptr<SingleInstance> instance = SingleInstance::claim();
     if (!instance)
         return 0;
-    // The panel needs an X server also where the toolkit would choose another platform, and a
-    // desktop's theme plug-in would load a second toolkit.
-    std::array arguments = {argv[0], const_cast<char*>("-platform"), const_cast<char*>("xcb"),
-        const_cast<char*>("-platformtheme"), const_cast<char*>("generic")};
-    int argumentCount = static_cast<int>(arguments.size());
     QApplication::setApplicationName(Constants::appName);
     QApplication::setDesktopFileName(Constants::bundleIdentifier);
-    QApplication toolkit(argumentCount, arguments.data());
+    const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
 
     DesktopPlatform desktop;
     MirkpadApp app(desktop.platform(), desktop.statusItem, desktop.colorScheme);

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "Toolkit.h"
+
+#include <QApplication>
+
+namespace sablequill {
+namespace {
+
+/// A variable of the environment that has another value for as long as this object lives: programs
+/// started from here later find it as it was.
+class TemporaryVariable {
+public:
+    TemporaryVariable(const char* name, const char* value)
+        : name(name)
+        , kept(qgetenv(name))
+        , wasSet(qEnvironmentVariableIsSet(name))
+    {
+        qputenv(name, value);
+    }
+
+    ~TemporaryVariable()
+    {
+        if (wasSet)
+            qputenv(name, kept);
+        else
+            qunsetenv(name);
+    }
+
+    TemporaryVariable(const TemporaryVariable&) = delete;
+    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
+
+private:
+    const char* name;
+    const QByteArray kept;
+    const bool wasSet;
+};
+
+} // namespace
+
+std::unique_ptr<QApplication> startToolkit(char* programName)
+{
+    // The toolkit reads these when its application object is made, and takes a plug-in of the
+    // desktop's before any theme that is named.
+    const TemporaryVariable platform("QT_QPA_PLATFORM", "xcb");
+    const TemporaryVariable theme("QT_QPA_PLATFORMTHEME", "generic");
+    const TemporaryVariable desktop("XDG_CURRENT_DESKTOP", "generic");
+    static int argumentCount = 1;
+    static char* arguments[] = {programName, nullptr};
+    return std::make_unique<QApplication>(argumentCount, arguments);
+}
+
+} // namespace sablequill
