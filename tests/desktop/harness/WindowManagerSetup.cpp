@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "WindowManagerSetup.h"
 
+#include "Readiness.h"
+
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <stdexcept>
 
@@ -14,6 +17,11 @@ namespace fs = std::filesystem;
 
 using Command = std::vector<std::string>;
 
+/// Stands for the session's own folder.
+const std::string homePlaceholder = "@HOME@";
+
+const Command openbox{"openbox", "--sm-disable", "--config-file", homePlaceholder + "/openbox.xml"};
+
 struct SetupRow {
     WindowManagerTraits traits;
     std::vector<Command> commands;
@@ -21,12 +29,11 @@ struct SetupRow {
 
 const std::map<WindowManagerSetup, SetupRow> table{
     {WindowManagerSetup::none, {{"none", false, false}, {}}},
-    {WindowManagerSetup::openbox, {{"openbox"}, {{"openbox", "--sm-disable"}}}},
+    {WindowManagerSetup::openbox, {{"openbox"}, {openbox}}},
     {WindowManagerSetup::openboxPicom,
         {{"openboxPicom", true, true},
-            {{"openbox", "--sm-disable"},
-                {"picom", "--backend", "xrender", "--no-vsync", "--config", "/dev/null"}}}},
-    {WindowManagerSetup::i3, {{"i3"}, {{"i3", "-c", "@HOME@/i3.conf"}}}},
+            {openbox, {"picom", "--backend", "xrender", "--no-vsync", "--config", "/dev/null"}}}},
+    {WindowManagerSetup::i3, {{"i3"}, {{"i3", "-c", homePlaceholder + "/i3.conf"}}}},
     {WindowManagerSetup::xfwm4,
         {{"xfwm4", true, true}, {{"xfwm4", "--compositor=on", "--vblank=off"}}}},
     {WindowManagerSetup::metacity,
@@ -41,43 +48,6 @@ const SetupRow& row(WindowManagerSetup setup)
     return table.at(setup);
 }
 
-/// EWMH: the root names a window that names itself, once a window manager is at work.
-bool isManaging(const XConnection& x)
-{
-    const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
-    return check.size() == 1 && x.property(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
-}
-
-/// ICCCM: a window manager marks each window that it has taken on.
-bool hasTakenOn(const XConnection& x, xcb_window_t window)
-{
-    return !x.property(window, "WM_STATE").empty();
-}
-
-/// A window manager may say that it is there before it listens: openbox loses the first request.
-/// Asks with a window of no use until it is taken on.
-bool takesWindows(const XConnection& x)
-{
-    const auto trial = xcb_generate_id(x.get());
-    xcb_create_window(x.get(), XCB_COPY_FROM_PARENT, trial, x.root(), 0, 0, 100, 100, 0,
-        XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    const bool isTakenOn = waitUntil([&] {
-        xcb_map_window(x.get(), trial);
-        x.sync();
-        return hasTakenOn(x, trial);
-    }).has_value();
-    xcb_destroy_window(x.get(), trial);
-    return isTakenOn && waitUntil([&] { return x.property(x.root(), "_NET_CLIENT_LIST").empty(); });
-}
-
-bool isComposing(const XConnection& x)
-{
-    const auto cookie = xcb_get_selection_owner(x.get(), x.atom("_NET_WM_CM_S0"));
-    const XOwned<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(x.get(), cookie, nullptr));
-    return reply && reply->owner != XCB_NONE;
-}
-
 /// Without a file of its own i3 asks its questions of a first start.
 void writeTilingConfiguration(const PrivateHome& home)
 {
@@ -85,6 +55,19 @@ void writeTilingConfiguration(const PrivateHome& home)
                                               "font pango:monospace 8\n"
                                               "ipc-socket "
                                            << (home.runtimeFolder() / "i3.sock").string() << '\n';
+}
+
+/// Its own one without the keys: by default it owns two of those that the program asks for.
+void writeOpenboxConfiguration(const PrivateHome& home)
+{
+    std::ifstream original("/etc/xdg/openbox/rc.xml");
+    std::string text(std::istreambuf_iterator<char>(original), {});
+    const std::string endTag = "</keyboard>";
+    const auto start = text.find("<keyboard>");
+    const auto end = text.find(endTag);
+    if (start != std::string::npos && end != std::string::npos)
+        text.erase(start, end + endTag.size() - start);
+    std::ofstream(home.path() / "openbox.xml") << text;
 }
 
 /// The program that keeps the settings of xfwm4, as its package names it for the bus.
@@ -133,25 +116,25 @@ RunningWindowManager::RunningWindowManager(
 {
     const XConnection x(environment.at("DISPLAY"));
     writeTilingConfiguration(home);
+    writeOpenboxConfiguration(home);
     if (setup == WindowManagerSetup::xfwm4)
         startSettingsService();
     for (const auto& command : row(setup).commands) {
         start(command);
         // A compositor is started only when there is something to compose for.
-        if (!waitUntil([&] { return isManaging(x); }) || !takesWindows(x))
+        if (!waitUntilManaged(x))
             throw std::runtime_error(traits(setup).name + " does not manage windows");
     }
-    if (traits(setup).isComposited && !waitUntil([&] { return isComposing(x); }))
+    if (traits(setup).isComposited && !waitUntilComposed(x))
         throw std::runtime_error(traits(setup).name + " does not compose windows");
 }
 
 void RunningWindowManager::start(const Command& command)
 {
-    const std::string placeholder = "@HOME@";
     auto filled = command;
     for (auto& argument : filled) {
-        if (argument.starts_with(placeholder))
-            argument.replace(0, placeholder.size(), home.path().string());
+        if (argument.starts_with(homePlaceholder))
+            argument.replace(0, homePlaceholder.size(), home.path().string());
     }
     const auto log = home.path() / (fs::path(filled.front()).filename().string() + ".log");
     processes.push_back(

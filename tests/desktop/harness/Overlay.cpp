@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "Overlay.h"
+
+#include "Wait.h"
+#include "Windows.h"
+
+namespace sablequill {
+
+namespace {
+
+// From the card's edges to the middle of what lies there.
+constexpr int headerMiddle = 22;
+constexpr int footerMiddle = 19;
+constexpr int hideButtonInset = 26;
+constexpr int editButtonInset = 60;
+constexpr int previousButtonInset = 25;
+constexpr int newButtonInset = 36;
+
+constexpr Milliseconds steadyTime{150};
+
+} // namespace
+
+Overlay::Overlay(const XConnection& connection)
+    : x(connection)
+{
+}
+
+std::optional<xcb_window_t> Overlay::window() const
+{
+    return findWindow(x, {"Sablequill", "overlay"});
+}
+
+bool Overlay::isShown() const
+{
+    const auto id = window();
+    return id && isViewable(x, *id);
+}
+
+bool Overlay::isAbove(xcb_window_t other) const
+{
+    const auto id = window();
+    return id && sablequill::isAbove(x, *id, other);
+}
+
+bool Overlay::hasKeyboard() const
+{
+    const auto id = window();
+    return id && sablequill::hasKeyboard(x, *id);
+}
+
+double Overlay::opacity() const
+{
+    const auto id = window();
+    const auto value = id ? x.property(*id, "_NET_WM_WINDOW_OPACITY") : std::vector<uint32_t>{};
+    return value.empty() ? 1.0 : value[0] / double{0xffffffffU};
+}
+
+Area Overlay::card() const
+{
+    const auto id = window();
+    return id ? inputAreaOf(x, *id).value_or(Area{}) : Area{};
+}
+
+QImage Overlay::steadyPicture() const
+{
+    QImage picture = captureScreen(x, card());
+    waitUntil([&] {
+        return holdsFor([&] { return captureScreen(x, card()) == picture; }, steadyTime)
+            || (picture = captureScreen(x, card()), false);
+    });
+    return picture;
+}
+
+Point Overlay::headerBackground() const
+{
+    const auto area = card();
+    return {area.x + area.width / 2, area.y + headerMiddle};
+}
+
+Point Overlay::footerBackground() const
+{
+    const auto area = card();
+    return {area.x + area.width / 2, area.bottom() - footerMiddle};
+}
+
+Point Overlay::contentBackground() const
+{
+    const auto area = card();
+    return {area.x + area.width / 2, area.bottom() - 2 * footerMiddle - 20};
+}
+
+Point Overlay::editButton() const
+{
+    const auto area = card();
+    return {area.right() - editButtonInset, area.y + headerMiddle};
+}
+
+Point Overlay::hideButton() const
+{
+    const auto area = card();
+    return {area.right() - hideButtonInset, area.y + headerMiddle};
+}
+
+Point Overlay::previousButton() const
+{
+    const auto area = card();
+    return {area.x + previousButtonInset, area.bottom() - footerMiddle};
+}
+
+Point Overlay::newButton() const
+{
+    const auto area = card();
+    return {area.right() - newButtonInset, area.bottom() - footerMiddle};
+}
+
+} // namespace sablequill

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Screenshot.h"
+#include "XConnection.h"
+
+#include <optional>
+
+namespace sablequill {
+
+/// The program's overlay as another client sees it.
+class Overlay {
+public:
+    /// The connection outlives this object.
+    explicit Overlay(const XConnection& connection);
+
+    /// The window, also while it is hidden; nothing before it was made.
+    std::optional<xcb_window_t> window() const;
+    bool isShown() const;
+    bool isAbove(xcb_window_t other) const;
+    bool hasKeyboard() const;
+    /// Its opacity as other clients are told, 1 when they are told nothing.
+    double opacity() const;
+    /// Empty while there is no window.
+    Area card() const;
+    /// The card as the screen shows it, once it has stopped changing.
+    QImage steadyPicture() const;
+
+    // Places in the card, in the root's coordinates.
+
+    /// Between the header's title and its badge: background of the panel.
+    Point headerBackground() const;
+    /// Between the counter and the New button: background of the panel.
+    Point footerBackground() const;
+    /// In the text area, below a text of a few lines.
+    Point contentBackground() const;
+    /// The header's two buttons.
+    Point editButton() const;
+    Point hideButton() const;
+    /// The footer's buttons.
+    Point previousButton() const;
+    Point newButton() const;
+
+private:
+    const XConnection& x;
+};
+
+} // namespace sablequill
