@@ -47,8 +47,16 @@ void StatusNotifierWatcherLink::start()
     owner.addWatchedService(service);
     follow(QStringLiteral("StatusNotifierHostRegistered"));
     follow(QStringLiteral("StatusNotifierHostUnregistered"));
+    bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+        SLOT(busEnded()));
     registerItem();
     askForHost();
+}
+
+void StatusNotifierWatcherLink::busEnded()
+{
+    ownerChanged({});
 }
 
 void StatusNotifierWatcherLink::follow(const QString& signal)

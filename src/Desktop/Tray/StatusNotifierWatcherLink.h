@@ -35,6 +35,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void askForHost();
+    void busEnded();
 
 private:
     void ownerChanged(const QString& newOwner);

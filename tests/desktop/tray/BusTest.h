@@ -19,7 +19,7 @@ protected:
     }
 
     PrivateHome home;
-    SessionBus daemon{home, home.environment()};
+    std::optional<SessionBus> daemon{std::in_place, home, home.environment()};
     const std::string address = SessionBus::addressIn(home);
     BusConnection program{address};
 };

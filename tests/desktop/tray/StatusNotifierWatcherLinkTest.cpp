@@ -135,6 +135,24 @@ TEST_F(StatusNotifierWatcherLinkTest, start_answerAfterTheWatcherWent_isOutOfDat
     EXPECT_TRUE(runWhile([&] { return link.host() == Host::absent; }, moment));
 }
 
+TEST_F(StatusNotifierWatcherLinkTest, start_busEndsBeforeTheAnswer_hostIsAbsent)
+{
+    SilentWatcher watcher(address);
+    link.start();
+    ASSERT_TRUE(runUntil([&] { return watcher.hasQuestion(); }));
+    daemon.reset();
+    EXPECT_TRUE(becomes(Host::absent));
+}
+
+TEST_F(StatusNotifierWatcherLinkTest, start_busEndsUnderAHost_hostIsAbsent)
+{
+    const StatusNotifierHost host(address);
+    link.start();
+    ASSERT_TRUE(becomes(Host::present));
+    daemon.reset();
+    EXPECT_TRUE(becomes(Host::absent));
+}
+
 TEST_F(StatusNotifierWatcherLinkTest, destroy_answerStillOut_isHarmless)
 {
     SilentWatcher watcher(address);
