@@ -168,6 +168,9 @@ QWidget* OnboardingView::navigationBar()
         new PlainButton(new TextLabel(back), {}, [this] { setCurrentPage(currentPage() - 1); }));
     continueButton = prominentButton(next, [this] { setCurrentPage(currentPage() + 1); });
     getStartedButton = prominentButton(finish, [this] { appState.completeOnboarding(); });
+    for (QWidget* button :
+        std::initializer_list<QWidget*>{backButton, continueButton, getStartedButton})
+        button->installEventFilter(this);
     return padded(
         insets(20), row(defaultSpacing, {backButton, spacer(), continueButton, getStartedButton}));
 }
@@ -181,8 +184,14 @@ void OnboardingView::setCurrentPage(int page)
 {
     pages->setCurrentPage(page);
     backButton->setVisible(currentPage() > 0);
-    continueButton->setVisible(currentPage() < lastPage);
-    getStartedButton->setVisible(currentPage() == lastPage);
+    const bool isLast = currentPage() == lastPage;
+    PushButton* forward = isLast ? getStartedButton : continueButton;
+    PushButton* other = isLast ? continueButton : getStartedButton;
+    forward->show();
+    // The keyboard stays on the button that leads on, and does not fall to the one that leads back.
+    if (other->hasFocus())
+        forward->setFocus(Qt::TabFocusReason);
+    other->hide();
 }
 
 void OnboardingView::showEvent(QShowEvent* event)
@@ -190,6 +199,18 @@ void OnboardingView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     // So that the keys work before anything in the guide was pressed.
     setFocus(Qt::OtherFocusReason);
+}
+
+bool OnboardingView::eventFilter(QObject* button, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(button, event);
+    // A button takes the arrow keys to move the focus.
+    auto* press = static_cast<QKeyEvent*>(event);
+    const bool isArrow = press->key() == Qt::Key_Left || press->key() == Qt::Key_Right;
+    if (isArrow)
+        keyPressEvent(press);
+    return isArrow;
 }
 
 void OnboardingView::keyPressEvent(QKeyEvent* event)

@@ -26,6 +26,7 @@ Q_SIGNALS:
     void dismissed();
 
 protected:
+    bool eventFilter(QObject* button, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

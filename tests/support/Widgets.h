@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QStringList>
 #include <QWidget>
 
 #include <ostream>
@@ -52,6 +53,12 @@ void turn();
 
 /// Where a widget lies in another one that it is somewhere inside of.
 QRect frameIn(const QWidget& ancestor, const QWidget& widget);
+
+/// The words in a laid-out widget as they are read, line by line: labels and titles of buttons,
+/// without those that are hidden.
+QStringList textsIn(const QWidget& root);
+/// The control that the keyboard acts on, after that many presses of Tab; null when there is none.
+QWidget* focusAfterTab(QWidget& window, int presses = 1);
 
 /// The one descendant with an object name; fails the test when there is none.
 template <typename Kind = QWidget> Kind& found(const QWidget& root, const QString& objectName)
