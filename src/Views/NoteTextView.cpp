@@ -123,7 +123,7 @@ void NoteTextView::paintEvent(QPaintEvent* event)
 {
     QTextBrowser::paintEvent(event);
     QPainter painter(viewport());
-    ring.paint(painter, viewport()->rect(), 4);
+    ring.paint(painter, viewport()->rect().adjusted(2, 2, -2, -2), 6);
 }
 
 void NoteTextView::follow(const QUrl& link)

@@ -40,21 +40,21 @@ CrossFade::CrossFade(QWidget* view, double duration)
     animation.setEasingCurve(easeInEaseOut());
     connect(&animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& value) { advance(value.toDouble()); });
-    connect(&animation, &QVariantAnimation::finished, this, &CrossFade::end);
+    connect(&animation, &QVariantAnimation::finished, this, &CrossFade::cancel);
 }
 
 void CrossFade::begin()
 {
     if (!view->isVisible() || view->size().isEmpty())
         return;
-    animation.stop();
-    end();
+    cancel();
     before = picture(*view);
     // The view owns the effect; it is there only while the view fades.
     view->setGraphicsEffect(new QGraphicsOpacityEffect(view));
     setGeometry(view->geometry());
     show();
     raise();
+    advance(0);
     animation.start();
 }
 
@@ -78,8 +78,9 @@ void CrossFade::advance(double next)
     update();
 }
 
-void CrossFade::end()
+void CrossFade::cancel()
 {
+    animation.stop();
     view->setGraphicsEffect(nullptr);
     before = {};
     hide();

@@ -18,6 +18,8 @@ public:
 
     /// Keeps what the view shows now and begins to fade it out, the view in.
     void begin();
+    /// Shows the view as it is, at once.
+    void cancel();
     bool isFading() const;
 
 protected:
@@ -25,7 +27,6 @@ protected:
 
 private:
     void advance(double next);
-    void end();
 
     QWidget* view;
     QPixmap before;

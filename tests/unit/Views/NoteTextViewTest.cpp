@@ -219,10 +219,10 @@ TEST_F(NoteTextViewTest, focus_byKeyOnly_showsARing)
     show(u"text"_s);
     view->clearFocus();
     view->setFocus(Qt::MouseFocusReason);
-    EXPECT_EQ(picture(*view).pixelColor(150, 1).alpha(), 0);
+    EXPECT_EQ(picture(*view).pixelColor(150, 3).alpha(), 0);
     view->clearFocus();
     view->setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(picture(*view).pixelColor(150, 1), QColor(0x0a, 0x84, 0xff));
+    EXPECT_EQ(picture(*view).pixelColor(150, 3), QColor(0x0a, 0x84, 0xff));
 }
 
 TEST_F(NoteTextViewTest, loadResource_anything_isNothing)
