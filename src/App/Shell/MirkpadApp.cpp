@@ -4,7 +4,7 @@
 #include "ColorScheme.h"
 #include "Icons.h"
 #include "Ink.h"
-#include "PlainOverlay.h"
+#include "OverlayView.h"
 #include "Refresh.h"
 #include "SettingsView.h"
 
@@ -15,7 +15,7 @@ namespace sablequill {
 
 MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
     : colorScheme(colorScheme)
-    , appState(platform, [](AppState& state) { return std::make_unique<PlainOverlay>(state); })
+    , appState(platform, [](AppState& state) { return std::make_unique<OverlayView>(state); })
     , menuBarExtra(appState, platform, statusItem)
     , onboardingSheet(appState, platform)
 {
