@@ -236,6 +236,8 @@ void OverlayView::toggleEditing()
     overlayManager.isEditing = !overlayManager.isEditing;
     if (overlayManager.isEditing)
         syncEditContent();
+    // At once: a key that is pressed before the next turn is not for the view that went away.
+    showMode();
 }
 
 void OverlayView::startNewNote()
