@@ -14,7 +14,7 @@ namespace sablequill {
 /// and listed.
 enum class HotkeyAction { toggleOverlay, quickOpen, nextNote, previousNote };
 
-inline constexpr std::array allHotkeyActions {HotkeyAction::toggleOverlay, HotkeyAction::quickOpen,
+inline constexpr std::array allHotkeyActions{HotkeyAction::toggleOverlay, HotkeyAction::quickOpen,
     HotkeyAction::nextNote, HotkeyAction::previousNote};
 
 /// The name under which settings.json keeps the action's binding; also its id in lists.

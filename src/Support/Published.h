@@ -7,8 +7,8 @@
 
 namespace sablequill {
 
-/// A member of an ObservableObject. Each assignment announces the change through the owner first and
-/// stores afterwards, also when the new value equals the old one.
+/// A member of an ObservableObject. Each assignment announces the change through the owner first
+/// and stores afterwards, also when the new value equals the old one.
 ///
 /// The owner outlives the member: it is the object that holds it.
 template <typename T> class Published {

@@ -10,15 +10,15 @@ namespace sablequill {
 namespace {
 
 struct Counter : ObservableObject {
-    Published<int> value {this, 7};
+    Published<int> value{this, 7};
 };
 
 TEST(Published, assign_announcesBeforeStoring)
 {
     Counter counter;
     int seen = 0;
-    QObject::connect(&counter, &ObservableObject::objectWillChange, &counter,
-        [&] { seen = counter.value; });
+    QObject::connect(
+        &counter, &ObservableObject::objectWillChange, &counter, [&] { seen = counter.value; });
 
     counter.value = 8;
 
@@ -30,8 +30,8 @@ TEST(Published, assign_equalValue_announcesToo)
 {
     Counter counter;
     int announcements = 0;
-    QObject::connect(&counter, &ObservableObject::objectWillChange, &counter,
-        [&] { ++announcements; });
+    QObject::connect(
+        &counter, &ObservableObject::objectWillChange, &counter, [&] { ++announcements; });
 
     counter.value = 7;
     counter.value.modify([](int& value) { ++value; });
