@@ -60,6 +60,12 @@ QStringList textsIn(const QWidget& root)
     return texts;
 }
 
+void leaveControls(QWidget& window)
+{
+    if (QWidget* control = window.focusWidget())
+        control->clearFocus();
+}
+
 QWidget* focusAfterTab(QWidget& window, int presses)
 {
     for (int i = 0; i < presses; ++i)

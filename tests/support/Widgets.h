@@ -57,6 +57,8 @@ QRect frameIn(const QWidget& ancestor, const QWidget& widget);
 /// The words in a laid-out widget as they are read, line by line: labels and titles of buttons,
 /// without those that are hidden.
 QStringList textsIn(const QWidget& root);
+/// As if no control had the keyboard yet.
+void leaveControls(QWidget& window);
 /// The control that the keyboard acts on, after that many presses of Tab; null when there is none.
 QWidget* focusAfterTab(QWidget& window, int presses = 1);
 

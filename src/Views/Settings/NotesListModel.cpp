@@ -42,14 +42,20 @@ QVariant NotesListModel::data(const QModelIndex& index, int role) const
     case previewRole:
         return shown->preview();
     case isSelectedRole:
-        return noteStore.selectedNoteID.get() == shown->id;
+        return isSelected(*shown);
     case Qt::AccessibleTextRole:
         return shown->title;
     case Qt::AccessibleDescriptionRole:
-        return shown->preview();
+        return isSelected(*shown) ? tr("Shown in the overlay. %1").arg(shown->preview())
+                                  : shown->preview();
     default:
         return {};
     }
+}
+
+bool NotesListModel::isSelected(const MirkpadItem& note) const
+{
+    return noteStore.selectedNoteID.get() == note.id;
 }
 
 void NotesListModel::follow()

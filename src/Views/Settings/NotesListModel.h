@@ -29,6 +29,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
 
 private:
+    bool isSelected(const MirkpadItem& note) const;
     void follow();
 
     NotesManager& noteStore;

@@ -28,6 +28,7 @@ NotesListView::NotesListView(NotesManager& noteStore, QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setSelectionMode(NoSelection);
     viewport()->setAutoFillBackground(false);
+    viewport()->setAttribute(Qt::WA_Hover);
     new OverlayScrollBar(this);
     connect(this, &QListView::clicked, this, &NotesListView::select);
 }
@@ -40,6 +41,13 @@ void NotesListView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         select(currentIndex());
         break;
+    case Qt::Key_F10:
+        // The desktop makes a context menu event of the Menu key only.
+        if (event->modifiers() == Qt::ShiftModifier) {
+            showMenuOfCurrentRow();
+            break;
+        }
+        [[fallthrough]];
     default:
         QListView::keyPressEvent(event);
     }
@@ -47,11 +55,17 @@ void NotesListView::keyPressEvent(QKeyEvent* event)
 
 void NotesListView::contextMenuEvent(QContextMenuEvent* event)
 {
-    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
-    const QPoint at =
-        isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
-    showMenu(index, at);
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        showMenuOfCurrentRow();
+    else
+        showMenu(indexAt(event->pos()), event->globalPos());
+}
+
+void NotesListView::showMenuOfCurrentRow()
+{
+    const QModelIndex index = currentIndex();
+    scrollTo(index);
+    showMenu(index, viewport()->mapToGlobal(visualRect(index).center()));
 }
 
 void NotesListView::select(const QModelIndex& index)

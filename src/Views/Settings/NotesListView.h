@@ -24,6 +24,7 @@ protected:
 
 private:
     void select(const QModelIndex& index);
+    void showMenuOfCurrentRow();
     void showMenu(const QModelIndex& index, QPoint at);
 
     NotesManager& noteStore;

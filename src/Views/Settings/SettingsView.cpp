@@ -10,7 +10,7 @@
 #include "TabButton.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -40,6 +40,7 @@ SettingsRootView::SettingsRootView(SettingsViewModel& viewModel, AppState& appSt
     layout->addWidget(divider());
     layout->addWidget(contents);
     setCurrentTab(0);
+    addTabKeys();
 }
 
 void SettingsRootView::addTab(const QString& label, const QString& icon, QWidget* content)
@@ -66,16 +67,14 @@ void SettingsRootView::setCurrentTab(int tab)
         tabs[static_cast<std::size_t>(i)]->setChecked(i == tab);
 }
 
-void SettingsRootView::keyPressEvent(QKeyEvent* event)
+void SettingsRootView::addTabKeys()
 {
+    // Shortcuts, as a slider and a list take the page keys with any modifier.
     const int count = contents->count();
-    const bool isControl = event->modifiers().testFlag(Qt::ControlModifier);
-    if (isControl && event->key() == Qt::Key_PageDown)
-        setCurrentTab((currentTab() + 1) % count);
-    else if (isControl && event->key() == Qt::Key_PageUp)
-        setCurrentTab((currentTab() + count - 1) % count);
-    else
-        QWidget::keyPressEvent(event);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageDown, this), &QShortcut::activated, this,
+        [this, count] { setCurrentTab((currentTab() + 1) % count); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
+        [this, count] { setCurrentTab((currentTab() + count - 1) % count); });
 }
 
 SettingsView::SettingsView(AppState& appState)

@@ -24,12 +24,10 @@ public:
     int currentTab() const;
     void setCurrentTab(int tab);
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void addTab(const QString& label, const QString& icon, QWidget* content);
     QWidget* tabBar();
+    void addTabKeys();
 
     std::vector<TabButton*> tabs;
     QStackedWidget* contents = nullptr;

@@ -30,7 +30,11 @@ TabButton::TabButton(const QString& label, const QString& symbol, std::function<
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFont(sablequill::font(TextStyles::subheadline));
-    connect(this, &QAbstractButton::clicked, this, std::move(action));
+    // Not when clicked: a screen reader checks the button instead.
+    connect(this, &QAbstractButton::toggled, this, [action = std::move(action)](bool isOn) {
+        if (isOn)
+            action();
+    });
 }
 
 QSize TabButton::sizeHint() const

@@ -14,6 +14,7 @@ class TabButton : public QAbstractButton {
     Q_OBJECT
 
 public:
+    /// The action is run when the tab is to be shown.
     TabButton(const QString& label, const QString& symbol, std::function<void()> action);
 
     QSize sizeHint() const override;
