@@ -215,6 +215,9 @@ void MenuBarView::refresh()
     if (notes.size() > shownNotes)
         overflowText->setText(
             QStringLiteral("+ %1 more in Settings").arg(notes.size() - shownNotes));
+    // While the popover is closed, nothing tells the outer layouts of what the rows need.
+    for (QWidget* outer = overflow->parentWidget(); outer != this; outer = outer->parentWidget())
+        outer->updateGeometry();
     layout()->activate();
     Q_EMIT heightChanged();
 }

@@ -44,6 +44,7 @@ void MirkpadApp::showSettingsWindow()
         settingsWindow->setWindowTitle(tr("Sablequill Settings"));
         settingsWindow->setWindowIcon(applicationIcon());
     }
+    settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
     settingsWindow->show();
     settingsWindow->raise();
     settingsWindow->activateWindow();

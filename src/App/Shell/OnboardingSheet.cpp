@@ -29,14 +29,15 @@ OnboardingSheet::~OnboardingSheet() = default;
 void OnboardingSheet::update()
 {
     const bool isWanted = appState.showOnboarding && appState.windowManager->overlayPanel;
+    // The guide goes away and comes back with the overlay that it lies over, and stays above it.
+    const bool isOverlayShown = appState.overlayManager->isVisible;
     if (!isWanted)
         close();
-    else if (!panel)
+    else if (isOverlayShown && !panel)
         present();
-    // The guide goes away and comes back with the overlay that it lies over, and stays above it.
-    else if (appState.overlayManager->isVisible)
+    else if (isOverlayShown)
         panel->orderFrontRegardless();
-    else
+    else if (panel)
         panel->orderOut();
 }
 

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include "MirkpadApp.h"
+
+#include "ColorScheme.h"
+#include "FakeApplication.h"
+#include "FakeHotKeyCenter.h"
+#include "FakeLoginItem.h"
+#include "FakeMainQueue.h"
+#include "FakePanel.h"
+#include "FakeScreens.h"
+#include "FakeStatusItem.h"
+#include "Ink.h"
+#include "SettingsView.h"
+#include "TemporaryHome.h"
+#include "Widgets.h"
+
+#include <QApplication>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+namespace sablequill {
+namespace {
+
+class MirkpadAppTest : public testing::Test {
+protected:
+    ~MirkpadAppTest() override
+    {
+        QApplication::setPalette(oldPalette);
+        QApplication::setQuitOnLastWindowClosed(true);
+    }
+
+    static QList<SettingsView*> settingsWindows()
+    {
+        QList<SettingsView*> windows;
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* window = dynamic_cast<SettingsView*>(widget))
+                windows.append(window);
+        return windows;
+    }
+
+    static QColor ground() { return QApplication::palette().color(QPalette::Window); }
+    static QColor ground(Surroundings surroundings)
+    {
+        return paletteFor(surroundings).color(QPalette::Window);
+    }
+
+    const QPalette oldPalette = QApplication::palette();
+    TemporaryHome home;
+    Journal journal;
+    FakeClock clock;
+    FakePanelFactory panels{journal, clock};
+    FakeScreens screens{journal};
+    FakeHotKeyCenter hotKeys{journal};
+    FakeLoginItem loginItem{journal};
+    FakeApplication application{journal};
+    FakeMainQueue mainQueue{journal, clock};
+    FakeStatusItem statusItem{journal};
+    ColorScheme colorScheme;
+    MirkpadApp app{Platform{panels, screens, hotKeys, loginItem, application, mainQueue},
+        statusItem, colorScheme};
+};
+
+TEST_F(MirkpadAppTest, construct_always_onlyThePopoversPanelIsMade)
+{
+    EXPECT_EQ(panels.panelCount, 1);
+    EXPECT_FALSE(panels.panel->isVisible());
+    EXPECT_TRUE(settingsWindows().isEmpty());
+}
+
+TEST_F(MirkpadAppTest, launch_firstRun_popoverOverlayAndGuideAreThere)
+{
+    FakePanel& popover = *panels.panel;
+    app.launch();
+    EXPECT_TRUE(popover.isVisible());
+    EXPECT_EQ(panels.panelCount, 2);
+    EXPECT_TRUE(panels.panel->isVisible());
+    turn();
+    EXPECT_EQ(panels.panelCount, 3);
+    EXPECT_TRUE(panels.panel->isVisible());
+}
+
+TEST_F(MirkpadAppTest, openPopover_always_givesItTheKeyboard)
+{
+    FakePanel& popover = *panels.panel;
+    app.launch();
+    EXPECT_FALSE(popover.isKey);
+    app.openPopover();
+    EXPECT_TRUE(popover.isKey);
+}
+
+TEST_F(MirkpadAppTest, colorScheme_startAndChange_isFollowed)
+{
+    EXPECT_EQ(ground(), ground(Surroundings::light));
+    colorScheme.prefersDark = true;
+    turn();
+    EXPECT_EQ(ground(), ground(Surroundings::dark));
+    EXPECT_EQ(QToolTip::palette().color(QPalette::Window), ground(Surroundings::dark));
+    colorScheme.prefersDark = false;
+    turn();
+    EXPECT_EQ(ground(), ground(Surroundings::light));
+}
+
+TEST_F(MirkpadAppTest, colorScheme_changed_openSettingsWindowFollows)
+{
+    app.showSettingsWindow();
+    colorScheme.prefersDark = true;
+    EXPECT_TRUE(waitFor(
+        [] { return surroundingsOf(*settingsWindows().constFirst()) == Surroundings::dark; }));
+}
+
+TEST_F(MirkpadAppTest, showSettingsWindow_firstTime_isAWindowWithATitle)
+{
+    app.showSettingsWindow();
+    ASSERT_EQ(settingsWindows().size(), 1);
+    const SettingsView& window = *settingsWindows().constFirst();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Sablequill Settings"));
+    EXPECT_FALSE(window.windowIcon().isNull());
+    EXPECT_TRUE(waitFor([&] { return window.isActiveWindow(); }));
+}
+
+TEST_F(MirkpadAppTest, showSettingsWindow_again_isTheSameWindowBroughtForward)
+{
+    app.showSettingsWindow();
+    QWidget other;
+    present(other);
+    other.activateWindow();
+    EXPECT_TRUE(waitFor([&] { return other.isActiveWindow(); }));
+    app.showSettingsWindow();
+    ASSERT_EQ(settingsWindows().size(), 1);
+    EXPECT_TRUE(waitFor([] { return settingsWindows().constFirst()->isActiveWindow(); }));
+}
+
+TEST_F(MirkpadAppTest, showSettingsWindow_minimized_isSeenAgain)
+{
+    app.showSettingsWindow();
+    QWidget& window = *settingsWindows().constFirst();
+    window.showMinimized();
+    turn();
+    EXPECT_TRUE(window.isMinimized());
+    app.showSettingsWindow();
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MirkpadAppTest, settingsWindow_closed_opensAgain)
+{
+    app.showSettingsWindow();
+    settingsWindows().constFirst()->close();
+    EXPECT_FALSE(settingsWindows().constFirst()->isVisible());
+    app.showSettingsWindow();
+    ASSERT_EQ(settingsWindows().size(), 1);
+    EXPECT_TRUE(settingsWindows().constFirst()->isVisible());
+}
+
+TEST_F(MirkpadAppTest, lastWindow_closed_programRunsOn)
+{
+    constexpr int ownEnd = 7;
+    app.launch();
+    app.showSettingsWindow();
+    // The toolkit would post its end when the window closes, before the second turn.
+    QMetaObject::invokeMethod(
+        qApp,
+        [] {
+            settingsWindows().constFirst()->close();
+            QMetaObject::invokeMethod(
+                qApp,
+                [] {
+                    QMetaObject::invokeMethod(
+                        qApp, [] { QCoreApplication::exit(ownEnd); }, Qt::QueuedConnection);
+                },
+                Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+    EXPECT_EQ(QApplication::exec(), ownEnd);
+}
+
+} // namespace
+} // namespace sablequill
