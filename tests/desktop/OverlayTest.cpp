@@ -30,18 +30,28 @@ const QColor OverlayTest::background(255, 255, 255);
 
 void OverlayTest::SetUp()
 {
-    user.writeNotes(threeNotes());
+    writeNotes();
     user.writeSettings(settingsWith(savedCard));
     mouse.moveTo(parkedPointer);
     probe.show();
+    ASSERT_TRUE(waitUntil([this] { return colorAt(x, savedCard.center()) == background; }));
+}
+
+void OverlayTest::writeNotes()
+{
+    user.writeNotes(threeNotes());
 }
 
 void OverlayTest::startProgram()
 {
+    const QImage before = captureScreen(x, x.screenArea());
     program = std::make_unique<ProgramUnderTest>(
         std::vector<std::string>{SABLEQUILL_BINARY}, session, user);
     ASSERT_TRUE(waitUntil([this] { return overlay.isShown() || !program->isRunning(); }));
     ASSERT_TRUE(program->isRunning());
+    const Point inside = overlay.contentBackground();
+    const QColor bare = before.pixelColor(inside.x, inside.y);
+    EXPECT_TRUE(waitUntil([&] { return colorAt(x, inside) != bare; })) << "shows nothing";
 }
 
 void OverlayTest::endProgram()

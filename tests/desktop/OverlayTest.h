@@ -31,6 +31,8 @@ protected:
 
     void SetUp() override;
 
+    /// Puts the three notes into the user's file.
+    void writeNotes();
     /// Returns when the overlay is shown; fails the test when it does not come.
     void startProgram();
     /// Ends it by SIGTERM and fails the test when that is no clean end.

@@ -124,7 +124,17 @@ void X11Panel::setAlpha(double value)
 
 void X11Panel::applyAlpha(double value)
 {
-    window.setWindowOpacity(value);
+    // In the next turn: after a fade the alpha is restored just before the panel is ordered out,
+    // and must not be seen once more.
+    wantedAlpha = value;
+    if (!std::exchange(isAlphaPosted, true))
+        QMetaObject::invokeMethod(this, &X11Panel::writeAlpha, Qt::QueuedConnection);
+}
+
+void X11Panel::writeAlpha()
+{
+    isAlphaPosted = false;
+    window.setWindowOpacity(wantedAlpha);
     // The toolkit sends only when it next has something to read: a fade would come in one step.
     xcb_flush(server.connection);
 }
@@ -139,6 +149,7 @@ void X11Panel::orderFrontRegardless()
     moveOntoScreen();
     // Before the window is there: not a single click is lost in its margins.
     applyInputShape();
+    writeAlpha();
     if (window.isVisible())
         window.raise();
     else

@@ -45,6 +45,7 @@ public:
 private:
     void connectWindow();
     void applyAlpha(double value);
+    void writeAlpha();
     void applyInputShape();
     void takeKeyboard();
     void keepStacking();
@@ -56,6 +57,8 @@ private:
     const bool canBecomeKey;
     PanelWindow window;
     AlphaAnimator alpha;
+    double wantedAlpha = 1;
+    bool isAlphaPosted = false;
     CompositorWatch compositor;
     StackingKeeper stacking;
     FocusKeeper focus;
