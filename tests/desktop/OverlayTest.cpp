@@ -44,6 +44,8 @@ void OverlayTest::writeNotes()
 
 void OverlayTest::startProgram()
 {
+    // The server takes the windows of a program away some time after it has ended.
+    ASSERT_TRUE(waitUntil([this] { return !overlay.isShown(); }));
     const QImage before = captureScreen(x, x.screenArea());
     program = std::make_unique<ProgramUnderTest>(
         std::vector<std::string>{SABLEQUILL_BINARY}, session, user);
