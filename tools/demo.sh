@@ -7,6 +7,7 @@
 set -euo pipefail
 
 program="$(realpath "$1")"
+rm -f "$2"/*.png
 mkdir -p "$2"
 shots="$(realpath "$2")"
 here="$(dirname "$(realpath "${BASH_SOURCE[0]}")")"
@@ -90,12 +91,17 @@ slide_lost_keyboard() {
     ! slide_has_keyboard
 }
 
-overlay_is_mapped() {
-    xdotool search --onlyvisible --class '^sablequill$'
+# is_mapped ROLE: whether the program shows its window of that role.
+is_mapped() {
+    local window
+    for window in $(xdotool search --onlyvisible --class '^sablequill$'); do
+        [ "$(xprop -id "$window" -notype WM_WINDOW_ROLE)" != "WM_WINDOW_ROLE = \"$1\"" ] || return 0
+    done
+    return 1
 }
 
-overlay_is_unmapped() {
-    ! overlay_is_mapped
+is_unmapped() {
+    ! is_mapped "$1"
 }
 
 is_saved() {
@@ -138,25 +144,32 @@ start_desktop
 
 start program "$program"
 program_id="${started[-1]}"
-await "the overlay's window" overlay_is_mapped
-await "the overlay above the slide" shows_something_else_than "$slide_alone"
+await "the popover" is_mapped popover
+await "the overlay" is_mapped overlay
 await "the keyboard still with the slide" slide_has_keyboard
-screenshot 1-above-a-full-screen-slide
+screenshot 1-just-started
+
+xdotool mousemove 300 400 click 1
+await "the popover goes away on a click elsewhere" is_unmapped popover
+await "the overlay stays above the slide" shows_something_else_than "$slide_alone"
+await "the keyboard still with the slide" slide_has_keyboard
+screenshot 2-above-a-full-screen-slide
+reading="${pictures[-1]}"
 
 xdotool key super+shift+g
-await "toggle: the overlay goes away" overlay_is_unmapped
+await "toggle: the overlay goes away" is_unmapped overlay
 await "toggle: nothing of it is left" shows "$slide_alone"
-screenshot 2-toggled-away
 
 xdotool key super+shift+g
-await "toggle: the overlay comes back" overlay_is_mapped
-await "toggle: as it was" shows "${pictures[0]}"
+await "toggle: the overlay comes back" is_mapped overlay
+await "toggle: as it was" shows "$reading"
 xdotool key super+shift+Down
-await "next note: another text" shows_something_else_than "${pictures[0]}"
+await "next note: another text" shows_something_else_than "$reading"
 await "the keyboard still with the slide" slide_has_keyboard
 screenshot 3-next-note
 
 xdotool key super+shift+Up
+await "previous note: the first text" shows "$reading"
 xdotool key super+shift+o
 await "quick open: the keyboard with the overlay" slide_lost_keyboard
 xdotool key ctrl+Home
