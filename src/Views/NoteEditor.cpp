@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -17,6 +18,8 @@
 
 namespace sablequill {
 namespace {
+
+constexpr int cursorThickness = 2; ///< points
 
 bool isNewLine(const QKeyEvent& event)
 {
@@ -37,6 +40,8 @@ NoteEditor::NoteEditor(EditBuffer& content)
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     // The document would bring other characters back than were taken.
     setUndoRedoEnabled(false);
+    // The toolkit inverts what lies under its cursor, which shows nothing on a translucent ground.
+    setCursorWidth(0);
     new OverlayScrollBar(this);
     connect(document(), &QTextDocument::contentsChange, this, &NoteEditor::takeOver);
     connect(document(), &QTextDocument::contentsChanged, this, &NoteEditor::recutLongBlock);
@@ -200,6 +205,17 @@ void NoteEditor::keyPressEvent(QKeyEvent* event)
         stepOverSoftBreak(*event);
         QPlainTextEdit::keyPressEvent(event);
     }
+}
+
+void NoteEditor::paintEvent(QPaintEvent* event)
+{
+    QPlainTextEdit::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QRect cursor = cursorRect();
+    cursor.setWidth(cursorThickness);
+    cursor.moveLeft(std::max(0, cursor.left() - cursorThickness / 2));
+    QPainter(viewport()).fillRect(cursor, palette().color(QPalette::Text));
 }
 
 void NoteEditor::stepOverSoftBreak(const QKeyEvent& event)

@@ -37,6 +37,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void takeOver(int position, int removed, int added);

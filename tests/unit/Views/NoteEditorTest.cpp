@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NoteEditor.h"
 
+#include "Ink.h"
 #include "Widgets.h"
 
 #include <QClipboard>
@@ -10,6 +11,7 @@
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
@@ -321,6 +323,42 @@ TEST_F(NoteEditorTest, load_longText_showsItsTopWithTheCursorAtItsEnd)
     EXPECT_TRUE(editor->textCursor().atEnd());
     type(u"x"_s);
     EXPECT_GT(editor->verticalScrollBar()->value(), 50);
+}
+
+TEST_F(NoteEditorTest, cursor_inTheEditor_showsOnClearGround)
+{
+    window.setPalette(paletteFor(Surroundings::dark));
+    load(u"text\n"_s, 5);
+    const auto alphaAtCursor = [&] {
+        const QPoint place = editor->cursorRect().center() + QPoint(12, 12);
+        return picture(*editor).pixelColor(place).alphaF();
+    };
+    EXPECT_NEAR(alphaAtCursor(), 0.85, 0.02);
+    after.setFocus();
+    EXPECT_EQ(alphaAtCursor(), 0);
+}
+
+TEST_F(NoteEditorTest, cursor_moved_leavesNothingBehind)
+{
+    load(u"text\nmore"_s, 9);
+    QWidget& viewport = *editor->viewport();
+    class PaintCounter : public QObject {
+    public:
+        QRegion painted;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::Paint)
+                painted += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } counter;
+    turn();
+    viewport.installEventFilter(&counter);
+    const QRect before = editor->cursorRect();
+    QTest::keyClick(editor, Qt::Key_Home);
+    turn();
+    EXPECT_TRUE(counter.painted.contains(QRect(before.topLeft(), QSize(2, before.height()))));
+    EXPECT_TRUE(counter.painted.contains(QRect(editor->cursorRect().topLeft(), QSize(2, 5))));
 }
 
 TEST_F(NoteEditorTest, document_ofItsOwn_hasNoUndo)
