@@ -104,9 +104,10 @@ TEST_P(OverlayFrameTest, restart_threeTimes_isExactlyWhereItWas)
     startProgram();
     const Point from = overlay.footerBackground();
     mouse.drag(from, {from.x + 111, from.y + 57});
+    const Area moved{savedCard.x + 111, savedCard.y + 57, savedCard.width, savedCard.height};
+    expectCard(moved);
     pull({1, 1}, {53, 29});
-    const Area left = pulled(
-        {savedCard.x + 111, savedCard.y + 57, savedCard.width, savedCard.height}, {1, 1}, {53, 29});
+    const Area left = pulled(moved, {1, 1}, {53, 29});
     expectCard(left);
     for (int restart = 0; restart < 3; ++restart) {
         endProgram();
