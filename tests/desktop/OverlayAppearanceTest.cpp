@@ -56,6 +56,7 @@ TEST_P(OverlayAppearanceTest, show_corners_areRound)
 {
     const QColor under(250, 120, 20);
     probe.setColor(under);
+    ASSERT_TRUE(waitUntil([&] { return shows(savedCard.center(), under, 0); }));
     startProgram();
     const Area card = overlay.card();
     const int right = card.right() - 1;
@@ -70,9 +71,12 @@ TEST_P(OverlayAppearanceTest, show_corners_areRound)
              Corner{{card.x, bottom}, {card.x + 8, bottom - 8}},
              Corner{{right, bottom}, {right - 8, bottom - 8}}}) {
         SCOPED_TRACE(testing::Message() << tip);
-        EXPECT_TRUE(shows(inner, inside, 6)) << colorAt(x, inner).name().toStdString();
+        EXPECT_TRUE(waitUntil([&] { return shows(inner, inside, 6); }))
+            << colorAt(x, inner).name().toStdString();
         if (isComposited()) // only the shadow darkens the tip
-            EXPECT_GT(colorAt(x, tip).red(), inside.red() + 40);
+            EXPECT_TRUE(waitUntil([&] { return colorAt(x, tip).red() > inside.red() + 40; }))
+                << colorAt(x, tip).name().toStdString() << " beside "
+                << inside.name().toStdString();
         else
             EXPECT_TRUE(shows(tip, under, 0)) << colorAt(x, tip).name().toStdString();
     }
