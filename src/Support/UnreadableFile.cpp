@@ -23,8 +23,10 @@ fs::path nameFor(const fs::path& file, int number)
 {
     fs::path name = file.stem();
     name += ".unreadable";
-    if (number > 1)
-        name += "." + std::to_string(number);
+    if (number > 1) {
+        name += '.';
+        name += std::to_string(number);
+    }
     name += file.extension();
     return file.parent_path() / name;
 }

@@ -2,7 +2,10 @@
 #include "X11Panel.h"
 
 #include "Constants.h"
+#include "ManagedKeeper.h"
 #include "ScreenSpace.h"
+#include "Session.h"
+#include "UnmanagedKeeper.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -14,21 +17,21 @@
 
 namespace sablequill {
 
-X11Panel::X11Panel(const PanelDescription& description, const XServer& server, PressWatch& presses)
+X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
+    std::unique_ptr<WindowKeeper> ownKeeper)
     : server(server)
     , canBecomeKey(description.canBecomeKey)
-    , window(Qt::Window | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint)
+    , keeper(std::move(ownKeeper))
+    , window(Qt::Window | Qt::FramelessWindowHint | keeper->windowFlags())
     , alpha([this](double value) { applyAlpha(value); })
     , compositor(server)
-    , stacking(server)
-    , focus(server, presses)
 {
     window.setWindowTitle(Constants::appName);
     window.setWindowRole(description.role);
     // Compositors draw no shadow of their own round such a window.
     window.setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
     window.isResizable = (description.styleMask & StyleMask::resizable) != 0;
-    window.setComposited(compositor.isComposited());
+    window.setComposited(keeper->isAlwaysComposited() || compositor.isComposited());
     window.setCard(ScreenSpace::toToolkit(description.contentRect));
     connectWindow();
 }
@@ -41,14 +44,16 @@ X11Panel::~X11Panel()
 
 void X11Panel::connectWindow()
 {
-    connect(&compositor, &CompositorWatch::compositedChanged, &window, &PanelWindow::setComposited);
+    if (!keeper->isAlwaysComposited())
+        connect(
+            &compositor, &CompositorWatch::compositedChanged, &window, &PanelWindow::setComposited);
     connect(&window, &PanelWindow::shapeChanged, this, [this] {
         if (window.isVisible())
             applyInputShape();
     });
     connect(&window, &PanelWindow::pressed, this, &X11Panel::makeKey);
     connect(&window, &PanelWindow::dragChanged, this,
-        [this](bool isDragging) { focus.isDragging = isDragging; });
+        [this](bool isDragging) { keeper->setDragging(isDragging); });
     connect(&window, &PanelWindow::cardMoved, this, [this] {
         if (delegate)
             delegate->windowDidMove(this);
@@ -61,7 +66,7 @@ void X11Panel::connectWindow()
         if (didEndLiveResize)
             didEndLiveResize(this);
     });
-    focus.onPressElsewhere = [this] { loseAttention(); };
+    keeper->onPressElsewhere = [this] { loseAttention(); };
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11Panel::followFocus);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::moveOntoScreen,
         Qt::QueuedConnection);
@@ -109,7 +114,7 @@ void X11Panel::setLevel(WindowLevel next)
 
 void X11Panel::setCollectionBehavior(unsigned)
 {
-    // No window manager manages this window: it is on every workspace and in no list by its kind.
+    // By its kind the window is on every workspace and in no list.
 }
 
 void X11Panel::setSharingType(SharingType)
@@ -150,20 +155,20 @@ void X11Panel::orderFrontRegardless()
     // Before the window is there: not a single click is lost in its margins.
     applyInputShape();
     writeAlpha();
+    keeper->willShow(window);
     if (window.isVisible())
         window.raise();
     else
         window.show();
+    keeper->didShow(window);
     keepStacking();
-    focus.watchPresses(didLoseAttention != nullptr);
+    keeper->watchPresses(didLoseAttention != nullptr);
 }
 
 void X11Panel::orderOut()
 {
     isKey = false;
-    focus.watchPresses(false);
-    stacking.keepOnTop(noWindow);
-    focus.giveBack();
+    keeper->willHide();
     window.hide();
 }
 
@@ -177,8 +182,8 @@ void X11Panel::makeKey()
 
 void X11Panel::takeKeyboard()
 {
-    if (window.isVisible() && !focus.hasFocus())
-        focus.take(static_cast<xcb_window_t>(window.winId()));
+    if (window.isVisible())
+        keeper->takeKeyboard();
 }
 
 bool X11Panel::isVisible() const
@@ -212,8 +217,7 @@ void X11Panel::applyInputShape()
 
 void X11Panel::keepStacking()
 {
-    const bool isKeptUp = level == WindowLevel::floating && window.isVisible();
-    stacking.keepOnTop(isKeptUp ? static_cast<xcb_window_t>(window.winId()) : noWindow);
+    keeper->keepOnTop(level == WindowLevel::floating && window.isVisible());
 }
 
 void X11Panel::moveOntoScreen()
@@ -245,7 +249,14 @@ X11PanelFactory::X11PanelFactory(const XServer& server)
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
 {
-    return std::make_unique<X11Panel>(description, server, presses);
+    return std::make_unique<X11Panel>(description, server, makeKeeper());
+}
+
+std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()
+{
+    if (isWaylandSession(server))
+        return std::make_unique<ManagedKeeper>(server, presses);
+    return std::make_unique<UnmanagedKeeper>(server, presses);
 }
 
 } // namespace sablequill

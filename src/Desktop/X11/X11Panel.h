@@ -3,25 +3,23 @@
 
 #include "AlphaAnimator.h"
 #include "CompositorWatch.h"
-#include "FocusKeeper.h"
 #include "Panel.h"
 #include "PanelWindow.h"
-#include "StackingKeeper.h"
-#include "XServer.h"
+#include "PressWatch.h"
+#include "WindowKeeper.h"
 
 #include <functional>
 
 namespace sablequill {
 
-/// A panel in an X11 session: an override-redirect window, the only kind that every window manager
-/// leaves above a focused full-screen window. What a window manager would do for it, it does
-/// itself.
+/// A panel as a window of an X server. What differs between kinds of sessions is its keeper's.
 class X11Panel final : public QObject, public Panel {
     Q_OBJECT
 
 public:
-    /// The server and the watch outlive the panel.
-    X11Panel(const PanelDescription& description, const XServer& server, PressWatch& presses);
+    /// The server outlives the panel.
+    X11Panel(const PanelDescription& description, const XServer& server,
+        std::unique_ptr<WindowKeeper> keeper);
     ~X11Panel() override;
 
     void setAttributes(const PanelAttributes& attributes) override;
@@ -55,13 +53,12 @@ private:
 
     const XServer& server;
     const bool canBecomeKey;
+    const std::unique_ptr<WindowKeeper> keeper;
     PanelWindow window;
     AlphaAnimator alpha;
     double wantedAlpha = 1;
     bool isAlphaPosted = false;
     CompositorWatch compositor;
-    StackingKeeper stacking;
-    FocusKeeper focus;
     PanelDelegate* delegate = nullptr;
     std::function<void(Panel*)> didEndLiveResize;
     std::function<void()> didLoseAttention;
@@ -77,6 +74,8 @@ public:
     std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
 
 private:
+    std::unique_ptr<WindowKeeper> makeKeeper();
+
     const XServer& server;
     PressWatch presses;
 };

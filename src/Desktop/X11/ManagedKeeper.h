@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "PressWatch.h"
+#include "WindowKeeper.h"
+
+#include <QTimer>
+
+namespace sablequill {
+
+/// In a Wayland session: a managed window of a type that compositors put above full-screen ones.
+/// An override-redirect window would be above as well, but could not get the keyboard while a
+/// Wayland window has it.
+class ManagedKeeper final : public WindowKeeper {
+public:
+    /// The server and the watch outlive the keeper.
+    ManagedKeeper(const XServer& server, PressWatch& presses);
+    ~ManagedKeeper() override;
+
+    Qt::WindowFlags windowFlags() const override { return Qt::WindowStaysOnTopHint; }
+    bool isAlwaysComposited() const override { return true; }
+    void willShow(QWidget& window) override;
+    void didShow(QWidget& window) override;
+    void willHide() override;
+    void keepOnTop(bool isKept) override;
+    void takeKeyboard() override;
+    void setDragging(bool isDragging) override;
+    void watchPresses(bool isWatching) override;
+
+private:
+    void setAtoms(std::string_view property, std::initializer_list<std::string_view> values) const;
+    void sendToManager(std::string_view message, const xcb_client_message_data_t& data) const;
+    void requestState(bool isAdded, std::string_view first, std::string_view second) const;
+    bool hasKeyboard() const;
+    void takeByHelper();
+    void followFocus(const QWindow* focused);
+    void dropHelper();
+
+    const XServer& server;
+    PressWatch& presses;
+    xcb_window_t window = noWindow;
+    bool isDragged = false;
+    bool isListening = false;
+    /// A window that the compositor makes active where it refuses that to the panel.
+    std::unique_ptr<QWidget> helper;
+    QTimer check;
+};
+
+} // namespace sablequill
