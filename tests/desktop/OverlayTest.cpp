@@ -46,14 +46,12 @@ void OverlayTest::startProgram()
 {
     // The server takes the windows of a program away some time after it has ended.
     ASSERT_TRUE(waitUntil([this] { return !overlay.isShown(); }));
-    const QImage before = captureScreen(x, x.screenArea());
     program = std::make_unique<ProgramUnderTest>(
         std::vector<std::string>{SABLEQUILL_BINARY}, session, user);
     ASSERT_TRUE(waitUntil([this] { return overlay.isShown() || !program->isRunning(); }));
     ASSERT_TRUE(program->isRunning());
     const Point inside = overlay.contentBackground();
-    const QColor bare = before.pixelColor(inside.x, inside.y);
-    EXPECT_TRUE(waitUntil([&] { return colorAt(x, inside) != bare; })) << "shows nothing";
+    EXPECT_TRUE(waitUntil([&] { return colorAt(x, inside) != probe.color(); })) << "shows nothing";
 }
 
 void OverlayTest::endProgram()

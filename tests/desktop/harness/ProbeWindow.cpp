@@ -125,6 +125,7 @@ void ProbeWindow::activate()
 
 void ProbeWindow::setColor(const QColor& color)
 {
+    description.color = color;
     const uint32_t pixel = color.rgb();
     xcb_change_window_attributes(x.get(), id, XCB_CW_BACK_PIXEL, &pixel);
     xcb_clear_area(x.get(), 0, id, 0, 0, 0, 0);

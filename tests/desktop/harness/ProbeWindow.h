@@ -40,6 +40,7 @@ public:
     /// Asks the window manager for the keyboard as a task bar does; without one, takes it.
     void activate();
     void setColor(const QColor& color);
+    QColor color() const { return description.color; }
     /// Grabs the key with these modifiers on the root, as another program with global keys does.
     /// False when someone has it already.
     bool grabKey(xcb_keycode_t code, uint16_t modifiers);
