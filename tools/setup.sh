@@ -26,6 +26,8 @@ is_present() {
     pc:*) command -v pkg-config >/dev/null && pkg-config --exists "$what" ;;
     header:*) echo "#include <$what>" | c++ -E -x c++ - >/dev/null 2>&1 ;;
     font:*) command -v fc-list >/dev/null && fc-list -q "$what" ;;
+    file:*) [ -e "$what" ] ;;
+    plugin:*) [ -e "$(qtpaths6 --query QT_INSTALL_PLUGINS 2>/dev/null)/$what" ] ;;
     esac
 }
 
@@ -36,6 +38,8 @@ in_words() {
     pc:*) echo "pkg-config module $what" ;;
     header:*) echo "header $what" ;;
     font:*) echo "font $what" ;;
+    file:*) echo "file $what" ;;
+    plugin:*) echo "toolkit plug-in $what" ;;
     esac
 }
 

@@ -66,8 +66,14 @@ ProcessCounters countersOf(pid_t process)
 
 ProgramUnderTest::ProgramUnderTest(
     const std::vector<std::string>& command, const DesktopSession& session, const PrivateHome& user)
+    : ProgramUnderTest(command, session.environment(user), user)
+{
+}
+
+ProgramUnderTest::ProgramUnderTest(const std::vector<std::string>& command,
+    const Environment& environment, const PrivateHome& user)
     : log(nextLog(user))
-    , process({command, session.environment(user), log})
+    , process({command, environment, log})
 {
 }
 

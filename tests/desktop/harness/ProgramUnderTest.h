@@ -25,6 +25,9 @@ public:
     /// Session and user outlive the program.
     ProgramUnderTest(const std::vector<std::string>& command, const DesktopSession& session,
         const PrivateHome& user);
+    /// In a session of another kind; its environment is the user's as well.
+    ProgramUnderTest(const std::vector<std::string>& command, const Environment& environment,
+        const PrivateHome& user);
     /// Kills the program when it still runs.
     ~ProgramUnderTest();
 
