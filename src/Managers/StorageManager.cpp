@@ -10,6 +10,7 @@
 #include "UserFolders.h"
 
 #include <array>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -47,6 +48,10 @@ bool replaceFile(
     if (holdsUnreadableBytes && !keepUnreadableFile(url))
         return false;
     holdsUnreadableBytes = false;
+    if (AtomicFile(url).replace(chunks))
+        return true;
+    // The folder may have been removed while the program was running.
+    Files::createPrivateFolder(url.parent_path());
     return AtomicFile(url).replace(chunks);
 }
 
@@ -61,6 +66,11 @@ StorageManager::StorageManager(LoginItem& loginItem)
     ensureDirectoryExists();
     AtomicFile(notesURL()).removeStaleTemporaries();
     AtomicFile(settingsURL()).removeStaleTemporaries();
+}
+
+StorageManager::~StorageManager()
+{
+    writeUnsaved();
 }
 
 fs::path StorageManager::appSupportDirectory()
@@ -110,7 +120,12 @@ std::optional<AppSettings> StorageManager::loadSettings(const fs::path& url)
 
 void StorageManager::saveNotes(const std::vector<MirkpadItem>& notes)
 {
-    replaceFile(notesURL(), encoder.encode(notes), notesAreUnreadable);
+    if (!replaceFile(notesURL(), encoder.encode(notes), notesAreUnreadable)) {
+        unsavedNotes = notes;
+        return;
+    }
+    unsavedNotes.reset();
+    writeUnsaved();
 }
 
 void StorageManager::saveSettings(const AppSettings& settings)
@@ -120,8 +135,11 @@ void StorageManager::saveSettings(const AppSettings& settings)
     if (!json)
         return;
     const std::array chunks{QByteArrayView(*json)};
-    if (replaceFile(settingsURL(), chunks, settingsAreUnreadable))
-        updateLaunchAtStartup(this->settings.launchAtStartup);
+    settingsAreUnsaved = !replaceFile(settingsURL(), chunks, settingsAreUnreadable);
+    if (settingsAreUnsaved)
+        return;
+    updateLaunchAtStartup(this->settings.launchAtStartup);
+    writeUnsaved();
 }
 
 void StorageManager::updateOverlayFrame(const OverlayFrame& frame)
@@ -129,6 +147,14 @@ void StorageManager::updateOverlayFrame(const OverlayFrame& frame)
     AppSettings copy = settings;
     copy.overlayFrame = frame;
     saveSettings(copy);
+}
+
+void StorageManager::writeUnsaved()
+{
+    if (const auto notes = std::exchange(unsavedNotes, {}))
+        saveNotes(*notes);
+    if (std::exchange(settingsAreUnsaved, false))
+        saveSettings(settings);
 }
 
 void StorageManager::updateLaunchAtStartup(bool enabled)

@@ -17,7 +17,8 @@ namespace sablequill {
 class LoginItem;
 
 /// Owns notes.json and settings.json and the copy of the settings in memory. Reports no errors: a
-/// read that fails gives the defaults, a write that fails is dropped and leaves the old file whole.
+/// read that fails gives the defaults, a write that fails leaves the old file whole and is made up
+/// for by the next one, of either file, that succeeds, or at the end of the run.
 ///
 /// The files are in "Sablequill" in the user's folder for application data: $XDG_DATA_HOME where
 /// that is an absolute path, else $HOME/.local/share (XDG Base Directory Specification). They are
@@ -29,6 +30,11 @@ public:
     /// left half written. Ends the program when the user has no folder for application data. The
     /// login item outlives this object.
     explicit StorageManager(LoginItem& loginItem);
+    /// Tries once more what could not be written.
+    ~StorageManager();
+
+    StorageManager(const StorageManager&) = delete;
+    StorageManager& operator=(const StorageManager&) = delete;
 
     /// As last loaded or saved.
     AppSettings settings;
@@ -51,11 +57,15 @@ private:
 
     static std::optional<AppSettings> loadSettings(const std::filesystem::path& url);
     void updateLaunchAtStartup(bool enabled);
+    void writeUnsaved();
 
     LoginItem& loginItem;
     NotesEncoder encoder;
     bool notesAreUnreadable = false;
     bool settingsAreUnreadable = false;
+    /// What the last write of each file failed to bring to the disk.
+    std::optional<std::vector<MirkpadItem>> unsavedNotes;
+    bool settingsAreUnsaved = false;
 };
 
 } // namespace sablequill

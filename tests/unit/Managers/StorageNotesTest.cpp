@@ -129,12 +129,61 @@ TEST_F(StorageNotes, diskFull_oldFileStays)
     EXPECT_EQ(load().front().title, u"mine"_s);
 }
 
-TEST_F(StorageNotes, folderGone_saveIsDropped)
+TEST_F(StorageNotes, folderGone_isMadeAgain)
 {
     StorageManager storage(loginItem);
     fs::remove(home.folder());
     storage.saveNotes(note);
-    EXPECT_FALSE(fs::exists(home.folder()));
+    EXPECT_EQ(load().front().title, u"mine"_s);
+    EXPECT_EQ(modeOf(home.folder()), 0700U);
+}
+
+TEST_F(StorageNotes, writeFailed_nextWriteOfTheSettingsBringsTheNotesToo)
+{
+    StorageManager storage(loginItem);
+    {
+        const FileSizeLimit limit(1);
+        storage.saveNotes(note);
+    }
+    ASSERT_FALSE(fs::exists(home.notes()));
+    storage.saveSettings({});
+    EXPECT_EQ(load().front().title, u"mine"_s);
+}
+
+TEST_F(StorageNotes, writeFailedTwice_newerNotesAreBrought)
+{
+    StorageManager storage(loginItem);
+    {
+        const FileSizeLimit limit(1);
+        storage.saveNotes({});
+        storage.saveNotes(note);
+        storage.saveSettings({});
+    }
+    storage.saveSettings({});
+    EXPECT_EQ(load().front().title, u"mine"_s);
+}
+
+TEST_F(StorageNotes, writeFailed_endOfTheRunBringsThem)
+{
+    {
+        StorageManager storage(loginItem);
+        {
+            const FileSizeLimit limit(1);
+            storage.saveNotes(note);
+            storage.saveSettings({.opacity = 0.5});
+        }
+    }
+    EXPECT_EQ(load().front().title, u"mine"_s);
+    EXPECT_EQ(StorageManager(loginItem).settings.opacity, 0.5);
+}
+
+TEST_F(StorageNotes, written_laterSettingsLeaveTheFileAlone)
+{
+    StorageManager storage(loginItem);
+    storage.saveNotes(note);
+    writeFile(home.notes(), twoNotes);
+    storage.saveSettings({});
+    EXPECT_EQ(bytesOf(home.notes()), twoNotes);
 }
 
 TEST_F(StorageNotes, folderInPlaceOfTheFile_welcomeAndSavesDropped)

@@ -139,6 +139,19 @@ TEST_F(StorageSettings, writeFails_memoryHoldsTheValueAndTheLoginItemIsLeftAlone
     EXPECT_EQ(namesIn(home.folder()), Names{"settings.json"});
 }
 
+TEST_F(StorageSettings, writeFailed_nextWriteOfTheNotesBringsTheSettingsToo)
+{
+    StorageManager storage(loginItem);
+    {
+        const FileSizeLimit limit(10);
+        storage.saveSettings({.opacity = 0.2, .launchAtStartup = true});
+    }
+    ASSERT_TRUE(journal.take().empty());
+    storage.saveNotes({});
+    EXPECT_EQ(load().opacity, 0.2);
+    EXPECT_FALSE(journal.take().empty()) << "the login item follows the write";
+}
+
 TEST_F(StorageSettings, numberNotFinite_notWritten)
 {
     StorageManager storage(loginItem);
