@@ -14,6 +14,9 @@ if(SABLEQUILL_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(sablequill_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(SABLEQUILL_FUZZ)
+    target_compile_options(sablequill_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # clang-tidy takes the nearest configuration: this one keeps it quiet about what moc writes.
 if(CMAKE_CXX_CLANG_TIDY)

@@ -30,8 +30,8 @@ bool isCounted(char c)
 {
     static constexpr auto counted = [] {
         std::array<bool, 256> table{};
-        for (const unsigned char each : {'*', '_', '~', '[', '('})
-            table[each] = true;
+        for (const char each : {'*', '_', '~', '[', '('})
+            table[static_cast<unsigned char>(each)] = true;
         return table;
     }();
     return counted[static_cast<unsigned char>(c)];

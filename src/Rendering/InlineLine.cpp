@@ -126,8 +126,8 @@ private:
     {
         static constexpr auto specials = [] {
             std::array<bool, 256> table{};
-            for (const unsigned char special : {'\n', '\r', '\f', '\0', '<', ']', '&'})
-                table[special] = true;
+            for (const char special : {'\n', '\r', '\f', '\0', '<', ']', '&'})
+                table[static_cast<unsigned char>(special)] = true;
             return table;
         }();
         return specials[static_cast<unsigned char>(c)];

@@ -38,7 +38,7 @@ const std::map<WindowManagerSetup, SetupRow> table{
         {{"xfwm4", true, true}, {{"xfwm4", "--compositor=on", "--vblank=off"}}}},
     {WindowManagerSetup::metacity,
         {{"metacity", true, true}, {{"metacity", "--sm-disable", "--composite"}}}},
-    {WindowManagerSetup::marco, {{"marco", true, true}, {{"marco", "--sm-disable", "--composite"}}}},
+    {WindowManagerSetup::marco, {{"marco"}, {{"marco", "--sm-disable", "--no-composite"}}}},
     {WindowManagerSetup::mutter, {{"mutter", true, true}, {{"mutter", "--x11", "--sm-disable"}}}},
     {WindowManagerSetup::kwin, {{"kwin", true, true}, {{"kwin_x11", "--no-kactivities"}}}},
 };

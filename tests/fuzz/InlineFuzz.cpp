@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "Fuzz.h"
+
+#include "InlineMarkdown.h"
+
+using namespace sablequill;
+
+// Whatever is well-formed text is read, into runs none of which is empty or could be one with the
+// run before.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const auto string = InlineMarkdown::read(QString::fromUtf8(bytes(data, size)));
+    require(string.has_value());
+    const RunAttributes* before = nullptr;
+    for (const Run& run : string->runs) {
+        require(!run.text.isEmpty());
+        require(!before || *before != run.attributes);
+        before = &run.attributes;
+    }
+    return 0;
+}
