@@ -73,7 +73,8 @@ GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
         new FormCard({
             toggle(QStringLiteral("Always on top"), viewModel.alwaysOnTop),
             toggle(QStringLiteral("Launch at login"), viewModel.launchAtStartup),
-            toggle(QStringLiteral("Mirk mode (hide from recordings)"), viewModel.mirkModeEnabled),
+            mirkToggle = toggle(
+                QStringLiteral("Mirk mode (hide from recordings)"), viewModel.mirkModeEnabled),
         }),
     }));
 
@@ -137,6 +138,15 @@ QWidget* GeneralSettingsTab::toggle(const QString& label, Published<bool>& value
             control->setChecked(value);
     });
     return row(defaultSpacing, {new TextLabel(label), spacer(), control});
+}
+
+void GeneralSettingsTab::setMirkDescription(const QString& description)
+{
+    auto* control = mirkToggle->findChild<Switch*>();
+    control->setToolTip(description);
+    control->setAccessibleDescription(description);
+    // The label is as good a place to point at.
+    mirkToggle->setToolTip(description);
 }
 
 } // namespace sablequill

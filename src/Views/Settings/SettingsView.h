@@ -10,6 +10,7 @@ class QStackedWidget;
 namespace sablequill {
 
 class AppState;
+class GeneralSettingsTab;
 class SettingsViewModel;
 class TabButton;
 
@@ -23,6 +24,7 @@ public:
 
     int currentTab() const;
     void setCurrentTab(int tab);
+    void setMirkDescription(const QString& description);
 
 private:
     void addTab(const QString& label, const QString& icon, QWidget* content);
@@ -31,6 +33,7 @@ private:
 
     std::vector<TabButton*> tabs;
     QStackedWidget* contents = nullptr;
+    GeneralSettingsTab* general = nullptr;
 };
 
 /// The content of the Settings window: always on the one view model of the application state.
@@ -38,6 +41,12 @@ class SettingsView : public QWidget {
 public:
     /// The application state outlives the view.
     explicit SettingsView(AppState& appState);
+
+    /// What a tooltip and a screen reader say of Mirk mode at its switch.
+    void setMirkDescription(const QString& description);
+
+private:
+    SettingsRootView* root;
 };
 
 } // namespace sablequill

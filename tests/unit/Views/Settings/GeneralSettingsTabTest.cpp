@@ -288,5 +288,16 @@ TEST_F(GeneralSettingsTabTest, accessible_valueBetweenSteps_isSetToAStep)
     EXPECT_EQ(opacityText(), QStringLiteral("52%"));
 }
 
+TEST_F(GeneralSettingsTabTest, mirkDescription_set_isSaidAtTheSwitchOnly)
+{
+    const QString text = QStringLiteral("Nothing is hidden here.");
+    tab.setMirkDescription(text);
+    EXPECT_EQ(found(tab, mirk).toolTip(), text);
+    EXPECT_EQ(found(tab, mirk).parentWidget()->toolTip(), text);
+    EXPECT_EQ(found(tab, mirk).accessibleDescription(), text);
+    EXPECT_EQ(found(tab, atLogin).toolTip(), QString());
+    EXPECT_EQ(accessibleName(found(tab, mirk)), mirk);
+}
+
 } // namespace
 } // namespace sablequill
