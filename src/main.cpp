@@ -28,7 +28,8 @@ int main(int, char* argv[])
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
 
     DesktopPlatform desktop;
-    MirkpadApp app(desktop.platform(), desktop.statusItem, desktop.colorScheme);
+    MirkpadApp app(
+        desktop.platform(), desktop.statusItem, desktop.colorScheme, desktop.mirkProtection());
     desktop.application.onShowSettingsWindow = [&] { app.showSettingsWindow(); };
     instance->onSecondStart(&app, [&] { app.openPopover(); });
     const UnixSignals terminating([&] { desktop.application.terminate(); });

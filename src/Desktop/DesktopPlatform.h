@@ -2,6 +2,7 @@
 #pragma once
 
 #include "AutostartLoginItem.h"
+#include "CaptureShield.h"
 #include "DesktopStatusItem.h"
 #include "Platform.h"
 #include "PortalColorScheme.h"
@@ -28,9 +29,12 @@ public:
     DesktopStatusItem statusItem{sessionBus()};
     PortalColorScheme colorScheme;
 
+    MirkProtection& mirkProtection() { return *shield; }
+
 private:
+    const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(sessionBus());
     XServer server;
-    X11PanelFactory panels{server};
+    X11PanelFactory panels{server, *shield};
     QtScreens screens;
     X11HotKeyCenter hotKeys{server};
     AutostartLoginItem loginItem;

@@ -25,6 +25,8 @@ PanelWindow::PanelWindow(Qt::WindowFlags flags)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    // The panel is read, and pointed at, while another program has the keyboard.
+    setAttribute(Qt::WA_AlwaysShowToolTips);
     setFocusPolicy(Qt::NoFocus);
     connect(&handles, &ResizeHandles::began, this, [this] {
         cardAtPress = card();

@@ -4,6 +4,8 @@
 #include "ColorScheme.h"
 #include "Icons.h"
 #include "Ink.h"
+#include "MirkDescription.h"
+#include "MirkProtection.h"
 #include "OverlayView.h"
 #include "Refresh.h"
 #include "SettingsView.h"
@@ -13,21 +15,27 @@
 
 namespace sablequill {
 
-MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
+MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme,
+    MirkProtection& mirkProtection)
     : colorScheme(colorScheme)
-    , appState(platform, [](AppState& state) { return std::make_unique<OverlayView>(state); })
+    , mirkProtection(mirkProtection)
+    , appState(platform, [this](AppState& state) { return makeOverlayView(state); })
     , menuBarExtra(appState, platform, statusItem)
     , onboardingSheet(appState, platform)
 {
     auto* following = new Refresh(this, [this] { followColorScheme(); });
     following->observe(&colorScheme);
     followColorScheme();
+    auto* describing = new Refresh(this, [this] { describeMirkMode(); });
+    describing->observe(&mirkProtection);
 }
 
 MirkpadApp::~MirkpadApp() = default;
 
 void MirkpadApp::launch()
 {
+    // Before the first window: the popover shows notes too.
+    mirkProtection.setWanted(appState.currentSettings->mirkModeEnabled);
     delegate.applicationDidFinishLaunching();
     menuBarExtra.launch();
 }
@@ -43,11 +51,29 @@ void MirkpadApp::showSettingsWindow()
         settingsWindow = std::make_unique<SettingsView>(appState);
         settingsWindow->setWindowTitle(tr("Sablequill Settings"));
         settingsWindow->setWindowIcon(applicationIcon());
+        describeMirkMode();
     }
     settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
     settingsWindow->show();
     settingsWindow->raise();
     settingsWindow->activateWindow();
+}
+
+std::unique_ptr<PanelContent> MirkpadApp::makeOverlayView(AppState& state)
+{
+    auto view = std::make_unique<OverlayView>(state);
+    overlayView = view.get();
+    describeMirkMode();
+    return view;
+}
+
+void MirkpadApp::describeMirkMode()
+{
+    const QString description = mirkDescription(mirkProtection.effect);
+    if (overlayView)
+        overlayView->setMirkDescription(description);
+    if (settingsWindow)
+        settingsWindow->setMirkDescription(description);
 }
 
 void MirkpadApp::followColorScheme()

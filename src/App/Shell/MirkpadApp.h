@@ -8,21 +8,24 @@
 #include "StatusItem.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
-
-class QWidget;
 
 namespace sablequill {
 
 class ColorScheme;
+class MirkProtection;
+class OverlayView;
+class SettingsView;
 
 /// The application: holds the one application state for the life of the process, and its scenes:
 /// the status item with its popover, the Settings window, and the guide.
 class MirkpadApp : public QObject {
 public:
-    /// What the platform refers to, the item and the scheme outlive the application.
-    MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme);
+    /// What the platform refers to and the other three outlive the application.
+    MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme,
+        MirkProtection& mirkProtection);
     ~MirkpadApp() override;
 
     /// Begins the run; the toolkit's event loop is started by the caller afterwards.
@@ -33,14 +36,18 @@ public:
     void showSettingsWindow();
 
 private:
+    std::unique_ptr<PanelContent> makeOverlayView(AppState& state);
     void followColorScheme();
+    void describeMirkMode();
 
     ColorScheme& colorScheme;
+    MirkProtection& mirkProtection;
     AppDelegate delegate;
+    QPointer<OverlayView> overlayView;
     AppState appState;
     MenuBarExtra menuBarExtra;
     OnboardingSheet onboardingSheet;
-    std::unique_ptr<QWidget> settingsWindow;
+    std::unique_ptr<SettingsView> settingsWindow;
 };
 
 } // namespace sablequill

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "X11Panel.h"
 
+#include "CaptureShield.h"
 #include "Constants.h"
 #include "ManagedKeeper.h"
 #include "ScreenSpace.h"
 #include "Session.h"
 #include "UnmanagedKeeper.h"
+#include "Veil.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -18,8 +20,9 @@
 namespace sablequill {
 
 X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
-    std::unique_ptr<WindowKeeper> ownKeeper)
+    CaptureShield& shield, std::unique_ptr<WindowKeeper> ownKeeper)
     : server(server)
+    , shield(shield)
     , canBecomeKey(description.canBecomeKey)
     , keeper(std::move(ownKeeper))
     , window(Qt::Window | Qt::FramelessWindowHint | keeper->windowFlags())
@@ -33,6 +36,7 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
     window.isResizable = (description.styleMask & StyleMask::resizable) != 0;
     window.setComposited(keeper->isAlwaysComposited() || compositor.isComposited());
     window.setCard(ScreenSpace::toToolkit(description.contentRect));
+    new Veil(window, shield);
     connectWindow();
 }
 
@@ -117,9 +121,10 @@ void X11Panel::setCollectionBehavior(unsigned)
     // By its kind the window is on every workspace and in no list.
 }
 
-void X11Panel::setSharingType(SharingType)
+void X11Panel::setSharingType(SharingType type)
 {
-    // Every client of an X server may read the screen's contents: there is nobody to ask.
+    // For all windows of the program: the others show notes too.
+    shield.setWanted(type == SharingType::none);
 }
 
 void X11Panel::setAlpha(double value)
@@ -241,15 +246,16 @@ void X11Panel::loseAttention()
         didLoseAttention();
 }
 
-X11PanelFactory::X11PanelFactory(const XServer& server)
+X11PanelFactory::X11PanelFactory(const XServer& server, CaptureShield& shield)
     : server(server)
+    , shield(shield)
     , presses(server)
 {
 }
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
 {
-    return std::make_unique<X11Panel>(description, server, makeKeeper());
+    return std::make_unique<X11Panel>(description, server, shield, makeKeeper());
 }
 
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()

@@ -12,13 +12,15 @@
 
 namespace sablequill {
 
+class CaptureShield;
+
 /// A panel as a window of an X server. What differs between kinds of sessions is its keeper's.
 class X11Panel final : public QObject, public Panel {
     Q_OBJECT
 
 public:
-    /// The server outlives the panel.
-    X11Panel(const PanelDescription& description, const XServer& server,
+    /// The server and the shield outlive the panel.
+    X11Panel(const PanelDescription& description, const XServer& server, CaptureShield& shield,
         std::unique_ptr<WindowKeeper> keeper);
     ~X11Panel() override;
 
@@ -52,6 +54,7 @@ private:
     void loseAttention();
 
     const XServer& server;
+    CaptureShield& shield;
     const bool canBecomeKey;
     const std::unique_ptr<WindowKeeper> keeper;
     PanelWindow window;
@@ -68,8 +71,8 @@ private:
 
 class X11PanelFactory final : public PanelFactory {
 public:
-    /// The server outlives the factory, the factory its panels.
-    explicit X11PanelFactory(const XServer& server);
+    /// Both outlive the factory, the factory its panels.
+    X11PanelFactory(const XServer& server, CaptureShield& shield);
 
     std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
 
@@ -77,6 +80,7 @@ private:
     std::unique_ptr<WindowKeeper> makeKeeper();
 
     const XServer& server;
+    CaptureShield& shield;
     PressWatch presses;
 };
 

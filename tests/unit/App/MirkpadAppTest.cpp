@@ -6,10 +6,13 @@
 #include "FakeHotKeyCenter.h"
 #include "FakeLoginItem.h"
 #include "FakeMainQueue.h"
+#include "FakeMirkProtection.h"
 #include "FakePanel.h"
 #include "FakeScreens.h"
 #include "FakeStatusItem.h"
 #include "Ink.h"
+#include "MirkDescription.h"
+#include "OverlayView.h"
 #include "SettingsView.h"
 #include "TemporaryHome.h"
 #include "Widgets.h"
@@ -57,8 +60,9 @@ protected:
     FakeMainQueue mainQueue{journal, clock};
     FakeStatusItem statusItem{journal};
     ColorScheme colorScheme;
+    FakeMirkProtection mirkProtection{journal};
     MirkpadApp app{Platform{panels, screens, hotKeys, loginItem, application, mainQueue},
-        statusItem, colorScheme};
+        statusItem, colorScheme, mirkProtection};
 };
 
 TEST_F(MirkpadAppTest, construct_always_onlyThePopoversPanelIsMade)
@@ -107,6 +111,34 @@ TEST_F(MirkpadAppTest, colorScheme_changed_openSettingsWindowFollows)
     colorScheme.prefersDark = true;
     EXPECT_TRUE(waitFor(
         [] { return surroundingsOf(*settingsWindows().constFirst()) == Surroundings::dark; }));
+}
+
+TEST_F(MirkpadAppTest, launch_mirkModeOn_isWantedBeforeAnyWindowIsShown)
+{
+    journal.take();
+    app.launch();
+    const std::vector<std::string> calls = journal.take();
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ(calls.front(), "mirkProtection.setWanted(true)");
+}
+
+TEST_F(MirkpadAppTest, mirkEffect_changed_badgeAndSwitchSayIt)
+{
+    app.launch();
+    app.showSettingsWindow();
+    auto* overlay = dynamic_cast<OverlayView*>(panels.panel->content.get());
+    ASSERT_TRUE(overlay);
+    const auto* badge = overlay->findChild<QWidget*>(QStringLiteral("mirkBadge"));
+    const auto* toggle = settingsWindows().constFirst()->findChild<QWidget*>(
+        QStringLiteral("Mirk mode (hide from recordings)"));
+    for (const MirkEffect effect : {MirkEffect::unknown, MirkEffect::hidden, MirkEffect::blackBox,
+             MirkEffect::none, MirkEffect::unknown}) {
+        mirkProtection.effect = effect;
+        turn();
+        EXPECT_EQ(badge->toolTip(), mirkDescription(effect));
+        EXPECT_EQ(badge->accessibleDescription(), mirkDescription(effect));
+        EXPECT_EQ(toggle->accessibleDescription(), mirkDescription(effect));
+    }
 }
 
 TEST_F(MirkpadAppTest, showSettingsWindow_firstTime_isAWindowWithATitle)

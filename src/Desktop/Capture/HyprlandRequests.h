@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+#include <vector>
+
+/// What is said on Hyprland's request socket. A window is named by a selector, "address:0x…" or
+/// "pid:…"; of several windows of a process the latter finds one.
+namespace sablequill::HyprlandRequests {
+
+/// The ways to set a property of a window, the newest first: 0.55 and later, 0.53 to 0.56, and 0.50
+/// to 0.52. Where another is spoken, the answer is an error.
+inline constexpr int formCount = 3;
+
+QByteArray setHidden(int form, const QByteArray& window, bool isHidden);
+QByteArray getHidden(int form, const QByteArray& window);
+QByteArray listWindows();
+
+bool isDone(const QByteArray& answer);
+bool isTrue(const QByteArray& answer);
+/// The process's windows in the answer to listWindows(); none when it is not understood.
+std::vector<QByteArray> windowsIn(const QByteArray& answer, qint64 pid);
+
+} // namespace sablequill::HyprlandRequests

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "HyprlandShield.h"
+
+#include "UserFolders.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QPlatformSurfaceEvent>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace sablequill {
+namespace {
+
+/// From here on the compositor is left alone until a window is shown.
+constexpr std::chrono::seconds longestRetry{30};
+
+QSet<WId> shownWindows()
+{
+    QSet<WId> shown;
+    for (QWindow* window : QGuiApplication::topLevelWindows())
+        if (window->isVisible() && window->handle())
+            shown.insert(window->winId());
+    return shown;
+}
+
+} // namespace
+
+HyprlandShield::HyprlandShield(const QString& socketPath, const Times& times)
+    : times(times)
+    , socket(socketPath, times.answer)
+{
+    patience.setSingleShot(true);
+    patience.setInterval(times.patience);
+    connect(&patience, &QTimer::timeout, this, &HyprlandShield::losePatience);
+    retry.setSingleShot(true);
+    connect(&retry, &QTimer::timeout, this, &HyprlandShield::sweep);
+    qGuiApp->installEventFilter(this);
+}
+
+HyprlandShield::~HyprlandShield() = default;
+
+std::optional<QString> HyprlandShield::socketOfSession()
+{
+    const auto runtime = UserFolders::in("XDG_RUNTIME_DIR");
+    const QByteArray signature = qgetenv("HYPRLAND_INSTANCE_SIGNATURE");
+    if (!runtime || signature.isEmpty())
+        return std::nullopt;
+    const auto path = *runtime / "hypr" / signature.toStdString() / ".socket.sock";
+    const QString name = QFile::decodeName(path.c_str());
+    return QFile::exists(name) ? std::optional(name) : std::nullopt;
+}
+
+void HyprlandShield::setWanted(bool isWanted)
+{
+    if (wanted == isWanted)
+        return;
+    wanted = isWanted;
+    isRefused = false;
+    hidden.clear();
+    givenUp.clear();
+    // Its requests may have done their work already: the windows stay among those that may be
+    // hidden.
+    running.reset();
+    if (isSettled())
+        settle(effect);
+    else
+        begin();
+}
+
+bool HyprlandShield::mustWait(WId window) const
+{
+    return wanted && !isRefused && !hidden.contains(window) && !givenUp.contains(window);
+}
+
+bool HyprlandShield::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Show && event->type() != QEvent::PlatformSurface)
+        return CaptureShield::eventFilter(watched, event);
+    if (auto* window = qobject_cast<QWindow*>(watched); window && window->handle()) {
+        if (event->type() == QEvent::Show && window->isTopLevel())
+            windowShown(window->winId());
+        else if (event->type() == QEvent::PlatformSurface
+            && static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType()
+                == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
+            forget(window->winId());
+    }
+    return CaptureShield::eventFilter(watched, event);
+}
+
+void HyprlandShield::windowShown(WId window)
+{
+    if (wanted ? mustWait(window) : touched.contains(window))
+        begin();
+}
+
+void HyprlandShield::forget(WId window)
+{
+    // The number may come again for another window.
+    for (QSet<WId>* windows : {&hidden, &touched, &givenUp})
+        windows->remove(window);
+}
+
+bool HyprlandShield::isSettled() const
+{
+    const QSet<WId> shown = shownWindows();
+    return std::all_of(shown.begin(), shown.end(), [this](WId window) {
+        return wanted ? hidden.contains(window) : !touched.contains(window);
+    });
+}
+
+void HyprlandShield::begin()
+{
+    nextRetry = times.retry;
+    if (wanted && !patience.isActive()) {
+        last = HyprlandSweep::Outcome::missing;
+        patience.start();
+    }
+    // In the next turn: a window that is being shown is not yet on the screen.
+    if (!running)
+        retry.start(0);
+}
+
+void HyprlandShield::sweep()
+{
+    if (isRefused || isSettled())
+        return;
+    if (wanted)
+        touched.unite(shownWindows());
+    running = std::make_unique<HyprlandSweep>(socket, wanted, form);
+    connect(running.get(), &HyprlandSweep::finished, this, &HyprlandShield::take);
+    running->start();
+}
+
+void HyprlandShield::take(HyprlandSweep::Outcome outcome, int windowCount)
+{
+    using Outcome = HyprlandSweep::Outcome;
+    last = outcome;
+    form = running->form();
+    // It is still speaking.
+    running.release()->deleteLater();
+    const QSet<WId> shown = shownWindows();
+    if (outcome == Outcome::refused && wanted) {
+        isRefused = true;
+        settle(MirkEffect::none);
+    } else if (outcome == Outcome::done && windowCount >= shown.size()) {
+        hidden = wanted ? hidden.unite(shown) : QSet<WId>();
+        touched = wanted ? touched : touched.subtract(shown);
+        settle(MirkEffect::blackBox);
+    } else {
+        retryLater();
+    }
+}
+
+void HyprlandShield::settle(MirkEffect next)
+{
+    patience.stop();
+    retry.stop();
+    setEffect(next);
+    Q_EMIT waitingChanged();
+}
+
+void HyprlandShield::retryLater()
+{
+    if (nextRetry > longestRetry)
+        return;
+    retry.start(nextRetry);
+    nextRetry *= 2;
+}
+
+void HyprlandShield::losePatience()
+{
+    givenUp.unite(shownWindows());
+    // Of all windows that the compositor lists it has said that they are hidden.
+    const bool isLikely = last == HyprlandSweep::Outcome::done;
+    setEffect(isLikely ? MirkEffect::blackBox : MirkEffect::none);
+    Q_EMIT waitingChanged();
+}
+
+} // namespace sablequill

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CaptureShield.h"
+#include "HyprlandSweep.h"
+
+#include <QSet>
+#include <QTimer>
+
+namespace sablequill {
+
+/// Hyprland: captures show a black box for each window that it is told to hide, once it has the
+/// window. Whoever shows a window therefore waits with its content until that is confirmed.
+class HyprlandShield final : public CaptureShield {
+    Q_OBJECT
+
+public:
+    struct Times {
+        /// How long a window waits to be hidden.
+        std::chrono::milliseconds patience{1000};
+        /// How long one request may take.
+        std::chrono::milliseconds answer{1000};
+        /// Until the compositor is asked again; twice as long each further time.
+        std::chrono::milliseconds retry{25};
+    };
+
+    HyprlandShield(const QString& socketPath, const Times& times);
+    explicit HyprlandShield(const QString& socketPath)
+        : HyprlandShield(socketPath, Times{})
+    {
+    }
+    ~HyprlandShield() override;
+
+    /// The request socket of the Hyprland that runs this session, if there is one.
+    static std::optional<QString> socketOfSession();
+
+    void setWanted(bool isWanted) override;
+    bool mustWait(WId window) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void windowShown(WId window);
+    void forget(WId window);
+    /// Of the windows that are on the screen, those that are not as they should be.
+    bool isSettled() const;
+    void begin();
+    void sweep();
+    void take(HyprlandSweep::Outcome outcome, int windowCount);
+    void settle(MirkEffect next);
+    void retryLater();
+    void losePatience();
+
+    const Times times;
+    HyprlandSocket socket;
+    bool wanted = false;
+    int form = 0;
+    std::unique_ptr<HyprlandSweep> running;
+    QTimer patience;
+    QTimer retry;
+    std::chrono::milliseconds nextRetry{0};
+    /// The compositor knows none of our requests: it is not asked again.
+    bool isRefused = false;
+    HyprlandSweep::Outcome last = HyprlandSweep::Outcome::missing;
+    /// The windows that are hidden for sure, those that may be, and those not waited for.
+    QSet<WId> hidden;
+    QSet<WId> touched;
+    QSet<WId> givenUp;
+};
+
+} // namespace sablequill

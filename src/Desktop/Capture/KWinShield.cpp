@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "KWinShield.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+namespace sablequill {
+namespace {
+
+const QString service = QStringLiteral("org.kde.KWin");
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+
+/// A compositor that fails so often is left alone until something changes.
+constexpr int mostFailures = 6;
+
+} // namespace
+
+KWinShield::KWinShield(const QDBusConnection& bus, const Times& times)
+    : times(times)
+    , bus(bus)
+    , watcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    patience.setSingleShot(true);
+    patience.setInterval(times.patience);
+    connect(&patience, &QTimer::timeout, this, [this] {
+        setEffect(MirkEffect::none);
+        Q_EMIT waitingChanged();
+    });
+    retry.setSingleShot(true);
+    connect(&retry, &QTimer::timeout, this, &KWinShield::begin);
+    connect(&watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString&, const QString&, const QString& newOwner) {
+            ownerChanged(!newOwner.isEmpty());
+        });
+    askForOwner();
+}
+
+void KWinShield::askForOwner()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(busService,
+        QStringLiteral("/org/freedesktop/DBus"), busService, QStringLiteral("NameHasOwner"));
+    call.setArguments({service});
+    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+        pending->deleteLater();
+        const QDBusPendingReply<bool> reply = *pending;
+        // The announcement of a change is newer.
+        if (!isThere)
+            ownerChanged(reply.isValid() && reply.value());
+    });
+}
+
+void KWinShield::setWanted(bool isWanted)
+{
+    if (wanted == isWanted)
+        return;
+    wanted = isWanted;
+    failures = 0;
+    if (isThere)
+        begin();
+    else if (isWanted)
+        startWaiting();
+}
+
+bool KWinShield::mustWait(WId) const
+{
+    return patience.isActive();
+}
+
+void KWinShield::ownerChanged(bool isThereNow)
+{
+    isThere = isThereNow;
+    isUnsupported = false;
+    failures = 0;
+    job.reset();
+    begin();
+}
+
+void KWinShield::begin()
+{
+    retry.stop();
+    if (!isThere.value_or(false)) {
+        settle(MirkEffect::none);
+        return;
+    }
+    if (!wanted || isUnsupported)
+        return;
+    // What failed before is not worth a second wait.
+    if (!*wanted)
+        stopWaiting();
+    else if (failures == 0)
+        startWaiting();
+    // The one before goes first.
+    job.reset();
+    job = std::make_unique<KWinJob>(bus, *wanted, times.confirmation);
+    connect(job.get(), &KWinJob::finished, this, &KWinShield::take);
+    job->start();
+}
+
+void KWinShield::take(KWinJob::Result result)
+{
+    using Result = KWinJob::Result;
+    switch (result) {
+    case Result::hidden:
+    case Result::shown:
+        failures = 0;
+        settle(MirkEffect::hidden);
+        return;
+    case Result::waiting:
+        settle(MirkEffect::unknown);
+        return;
+    case Result::unsupported:
+        isUnsupported = true;
+        settle(MirkEffect::none);
+        return;
+    case Result::failed:
+        if (++failures < mostFailures)
+            retry.start(times.retry * (1 << (failures - 1)));
+        settle(MirkEffect::none);
+        return;
+    }
+}
+
+void KWinShield::settle(MirkEffect next)
+{
+    setEffect(next);
+    stopWaiting();
+}
+
+void KWinShield::startWaiting()
+{
+    if (!patience.isActive())
+        patience.start();
+    Q_EMIT waitingChanged();
+}
+
+void KWinShield::stopWaiting()
+{
+    if (!patience.isActive())
+        return;
+    patience.stop();
+    Q_EMIT waitingChanged();
+}
+
+} // namespace sablequill

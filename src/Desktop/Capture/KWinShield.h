@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "CaptureShield.h"
+#include "KWinJob.h"
+
+#include <QDBusServiceWatcher>
+
+namespace sablequill {
+
+/// KWin as a Wayland compositor, which may come, go and come again: it leaves windows out of
+/// captures where its scripts can tell it to. Versions are not compared, the script tries.
+class KWinShield final : public CaptureShield {
+    Q_OBJECT
+
+public:
+    struct Times {
+        /// How long a window waits to be hidden.
+        std::chrono::milliseconds patience{1000};
+        /// How long a script may take to answer.
+        std::chrono::milliseconds confirmation{3000};
+        /// After a failure; twice as long after each further one.
+        std::chrono::milliseconds retry{2000};
+    };
+
+    explicit KWinShield(const QDBusConnection& bus, const Times& times);
+    explicit KWinShield(const QDBusConnection& bus)
+        : KWinShield(bus, Times{})
+    {
+    }
+
+    void setWanted(bool isWanted) override;
+    bool mustWait(WId window) const override;
+
+private:
+    void askForOwner();
+    void ownerChanged(bool isThere);
+    void begin();
+    void take(KWinJob::Result result);
+    void settle(MirkEffect next);
+    void startWaiting();
+    void stopWaiting();
+
+    const Times times;
+    QDBusConnection bus;
+    QDBusServiceWatcher watcher;
+    QTimer patience;
+    QTimer retry;
+    int failures = 0;
+    std::optional<bool> wanted;
+    /// Whether KWin is on the bus; nothing until the bus has answered.
+    std::optional<bool> isThere;
+    /// The KWin that is there cannot hide windows.
+    bool isUnsupported = false;
+    std::unique_ptr<KWinJob> job;
+};
+
+} // namespace sablequill

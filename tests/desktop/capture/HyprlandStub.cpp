@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "HyprlandStub.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QRegularExpression>
+
+#include <stdexcept>
+
+namespace sablequill {
+namespace {
+
+struct Form {
+    const char* request;
+    const char* property;
+};
+
+/// What each version understands, to the character.
+constexpr Form forms[]{
+    {R"re(^dispatch hl\.dsp\.window\.set_prop\(\{ prop = "no_screen_share", value = "(\w+)", window = "([\w:]+)" \}\)$)re",
+        "no_screen_share"},
+    {R"(^dispatch setprop ([\w:]+) no_screen_share (\w+)$)", "no_screen_share"},
+    {R"(^setprop ([\w:]+) noscreenshare (\w+)$)", "noscreenshare"},
+};
+
+} // namespace
+
+HyprlandStub::HyprlandStub(const QString& path)
+{
+    if (!server.listen(path))
+        throw std::runtime_error(server.errorString().toStdString());
+    connect(&server, &QLocalServer::newConnection, this, &HyprlandStub::serve);
+}
+
+void HyprlandStub::serve()
+{
+    QLocalSocket* connection = server.nextPendingConnection();
+    connect(connection, &QLocalSocket::readyRead, this, [this, connection] {
+        const QByteArray request = connection->readAll();
+        requests.append(request);
+        if (instead && instead->isEmpty())
+            return;
+        connection->write(instead ? *instead : answerTo(request));
+        connection->disconnectFromServer();
+    });
+    connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
+}
+
+QByteArray HyprlandStub::answerTo(const QByteArray& request)
+{
+    if (request == "j/clients")
+        return listsWindows ? list() : QByteArray("unknown request");
+    if (form < 0)
+        return "unknown request";
+    const Form& known = forms[form];
+    const QRegularExpression setting(QString::fromLatin1(known.request));
+    if (const auto match = setting.match(QString::fromLatin1(request)); match.hasMatch()) {
+        const int selector = form == 0 ? 2 : 1;
+        return set(match.captured(selector).toLatin1(),
+            match.captured(3 - selector) == QStringLiteral("1"));
+    }
+    const QByteArrayList words = request.split(' ');
+    if (words.size() == 3 && words[0] == "getprop" && words[2] == known.property)
+        return hidden.contains(addressOf(words[1])) ? "true" : "false";
+    return "error: invalid dispatcher";
+}
+
+QByteArray HyprlandStub::list() const
+{
+    QJsonArray all;
+    for (const HyprlandWindow& window : windows)
+        all.append(QJsonObject{{QStringLiteral("address"), QString::fromLatin1(window.address)},
+            {QStringLiteral("pid"), window.pid}});
+    return QJsonDocument(all).toJson();
+}
+
+QByteArray HyprlandStub::set(const QByteArray& selector, bool isHidden)
+{
+    const QByteArray address = addressOf(selector);
+    if (address.isEmpty())
+        return "error: window not found";
+    if (!obeys)
+        return "ok";
+    if (isHidden)
+        hidden.insert(address);
+    else
+        hidden.remove(address);
+    return "ok";
+}
+
+QByteArray HyprlandStub::addressOf(const QByteArray& selector) const
+{
+    for (const HyprlandWindow& window : windows)
+        if (selector == "address:" + window.address
+            || selector == "pid:" + QByteArray::number(window.pid))
+            return window.address;
+    return {};
+}
+
+} // namespace sablequill
