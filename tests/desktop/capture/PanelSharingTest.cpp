@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "CaptureShield.h"
+#include "Journal.h"
+#include "Veil.h"
+#include "X11Panel.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+namespace sablequill {
+namespace {
+
+/// A compositor that never gets to hiding a window.
+class SlowShield final : public CaptureShield {
+public:
+    void setWanted(bool isWanted) override { journal.record("setWanted", isWanted); }
+    bool mustWait(WId) const override { return isWaiting; }
+
+    Journal journal;
+    bool isWaiting = false;
+};
+
+class PanelSharingTest : public testing::Test {
+protected:
+    static Veil* veil()
+    {
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (auto* found = window->findChild<Veil*>())
+                return found;
+        return nullptr;
+    }
+
+    XServer server;
+    SlowShield shield;
+    X11PanelFactory panels{server, shield};
+    std::unique_ptr<Panel> panel = panels.makePanel({.contentRect = {100, 100, 200, 100}});
+};
+
+TEST_F(PanelSharingTest, setSharingType_each_isWhatTheShieldIsTold)
+{
+    EXPECT_TRUE(shield.journal.take().empty());
+    panel->setSharingType(SharingType::none);
+    panel->setSharingType(SharingType::readOnly);
+    EXPECT_EQ(
+        shield.journal.take(), (std::vector<std::string>{"setWanted(true)", "setWanted(false)"}));
+}
+
+TEST_F(PanelSharingTest, orderFront_mustWait_isVeiledAndVisibleToTheProgram)
+{
+    shield.isWaiting = true;
+    panel->orderFrontRegardless();
+    EXPECT_TRUE(panel->isVisible());
+    ASSERT_TRUE(veil());
+    EXPECT_TRUE(veil()->isVisible());
+    shield.isWaiting = false;
+    Q_EMIT shield.waitingChanged();
+    EXPECT_FALSE(veil()->isVisible());
+}
+
+TEST_F(PanelSharingTest, orderFront_nothingToWaitFor_isNotVeiled)
+{
+    panel->orderFrontRegardless();
+    ASSERT_TRUE(veil());
+    EXPECT_FALSE(veil()->isVisible());
+}
+
+} // namespace
+} // namespace sablequill
