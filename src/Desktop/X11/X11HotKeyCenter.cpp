@@ -39,8 +39,7 @@ X11HotKeyCenter::X11HotKeyCenter(const XServer& server)
 EventHandlerRef X11HotKeyCenter::installEventHandler(
     HotKeyHandler handler, EventTypeSpec spec, void* userData)
 {
-    dispatchers.push_back({handler, spec, userData});
-    return EventHandlerRef{dispatchers.size()};
+    return dispatchers.install(handler, spec, userData);
 }
 
 std::optional<HotKeyRef> X11HotKeyCenter::registerHotKey(
@@ -158,7 +157,7 @@ bool X11HotKeyCenter::handlePress(const xcb_key_press_event_t& press)
         heldKey == press.detail || (releasedKey == press.detail && releasedAt == press.time);
     heldKey = press.detail;
     if (!isRepeat)
-        dispatch({found->second.id});
+        dispatchers.dispatch({found->second.id});
     return true;
 }
 
@@ -169,15 +168,6 @@ void X11HotKeyCenter::handleRelease(const xcb_key_release_event_t& release)
     heldKey = 0;
     releasedKey = release.detail;
     releasedAt = release.time;
-}
-
-void X11HotKeyCenter::dispatch(const HotKeyEvent& event) const
-{
-    for (auto newest = dispatchers.rbegin(); newest != dispatchers.rend(); ++newest) {
-        if (newest->spec == hotKeyPressed
-            && newest->handler(event, newest->userData) != HotKeyStatus::eventNotHandled)
-            return;
-    }
 }
 
 } // namespace sablequill

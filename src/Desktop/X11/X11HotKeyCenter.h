@@ -2,13 +2,13 @@
 #pragma once
 
 #include "HotKeyCenter.h"
+#include "HotKeyDispatchers.h"
 #include "KeyboardMap.h"
 #include "XServer.h"
 
 #include <QTimer>
 
 #include <map>
-#include <vector>
 
 namespace sablequill {
 
@@ -41,12 +41,6 @@ private:
         std::optional<Grab> grab;
     };
 
-    struct Dispatcher {
-        HotKeyHandler handler = nullptr;
-        EventTypeSpec spec;
-        void* userData = nullptr;
-    };
-
     std::optional<Grab> grab(std::uint32_t keyCode, std::uint32_t modifiers) const;
     void ungrab(const Grab& grab) const;
     void followMapping();
@@ -56,13 +50,12 @@ private:
     bool isMappingChange(const xcb_generic_event_t& event) const;
     bool handlePress(const xcb_key_press_event_t& press);
     void handleRelease(const xcb_key_release_event_t& release);
-    void dispatch(const HotKeyEvent& event) const;
 
     const XServer& server;
     const std::uint8_t xkbFirstEvent;
     KeyboardMap keyboard;
     std::map<HotKeyRef, HotKey> hotKeys;
-    std::vector<Dispatcher> dispatchers;
+    HotKeyDispatchers dispatchers;
     std::uint64_t lastRef = 0;
 
     /// The hot key that is held down, and when a release of it was last seen: a keyboard that
