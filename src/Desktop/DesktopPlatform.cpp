@@ -12,7 +12,7 @@ bool DesktopPlatform::isAvailable()
 
 Platform DesktopPlatform::platform()
 {
-    return {panels, screens, hotKeys, loginItem, application, mainQueue};
+    return {panels, screens, hotKeys.center(), loginItem, application, mainQueue};
 }
 
 } // namespace sablequill

@@ -3,14 +3,15 @@
 
 #include "AutostartLoginItem.h"
 #include "CaptureShield.h"
+#include "DesktopHotKeys.h"
 #include "DesktopStatusItem.h"
 #include "Platform.h"
 #include "PortalColorScheme.h"
 #include "QtApplication.h"
 #include "QtMainQueue.h"
 #include "QtScreens.h"
+#include "Session.h"
 #include "SessionBus.h"
-#include "X11HotKeyCenter.h"
 #include "X11Panel.h"
 #include "XServer.h"
 
@@ -24,6 +25,7 @@ public:
     static bool isAvailable();
 
     Platform platform();
+    HotKeyHolder& hotKeyHolder() { return hotKeys.holder; }
 
     QtApplication application;
     DesktopStatusItem statusItem{sessionBus()};
@@ -36,7 +38,7 @@ private:
     XServer server;
     X11PanelFactory panels{server, *shield};
     QtScreens screens;
-    X11HotKeyCenter hotKeys{server};
+    DesktopHotKeys hotKeys{server, isWaylandSession(server)};
     AutostartLoginItem loginItem;
     QtMainQueue mainQueue;
 };
