@@ -28,6 +28,8 @@ is_present() {
     font:*) command -v fc-list >/dev/null && fc-list -q "$what" ;;
     file:*) [ -e "$what" ] ;;
     plugin:*) [ -e "$(qtpaths6 --query QT_INSTALL_PLUGINS 2>/dev/null)/$what" ] ;;
+    part:*) [ -n "$(find /usr/libexec /usr/lib -maxdepth 2 -name "$what" -type f -perm -u+x \
+        -print -quit 2>/dev/null)" ] ;;
     esac
 }
 
@@ -40,6 +42,7 @@ in_words() {
     font:*) echo "font $what" ;;
     file:*) echo "file $what" ;;
     plugin:*) echo "toolkit plug-in $what" ;;
+    part:*) echo "program $what in /usr/libexec" ;;
     esac
 }
 
