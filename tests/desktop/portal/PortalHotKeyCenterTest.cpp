@@ -98,6 +98,7 @@ TEST_F(PortalHotKeyCenterTest, start_portalThere_tellsWhoAsksThenBindsAllTogethe
     registerDefaults();
     expectBound(portal);
     EXPECT_TRUE(center.isAvailable());
+    ASSERT_TRUE(portal.bound());
     EXPECT_EQ(portal.bound()->at(2).description, QStringLiteral("Next Note"));
     expectCalls(portal, {registered, created, boundDefaults});
 }
@@ -247,6 +248,7 @@ TEST_F(PortalHotKeyCenterTest, register_keyWithoutName_isBoundWithoutProposal)
     PortalStub portal(address);
     registerOne(1, 9999);
     expectBound(portal);
+    ASSERT_TRUE(portal.bound());
     EXPECT_EQ(portal.bound()->at(0).trigger, QString());
 }
 
