@@ -26,6 +26,13 @@ const MirkpadItem* NotesListModel::note(const QModelIndex& index) const
     return isThere && notes[row].id == rows[row] ? &notes[row] : nullptr;
 }
 
+QModelIndex NotesListModel::selected() const
+{
+    const auto& selected = noteStore.selectedNoteID.get();
+    const auto found = std::find(rows.begin(), rows.end(), selected);
+    return found == rows.end() ? QModelIndex() : index(static_cast<int>(found - rows.begin()));
+}
+
 int NotesListModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(rows.size());

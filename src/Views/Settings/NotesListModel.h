@@ -25,6 +25,9 @@ public:
     /// The note in a row, or null when the list has changed under the row.
     const MirkpadItem* note(const QModelIndex& index) const;
 
+    /// The row of the selected note; invalid when it has none.
+    QModelIndex selected() const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 

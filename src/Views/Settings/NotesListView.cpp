@@ -26,11 +26,38 @@ NotesListView::NotesListView(NotesManager& noteStore, QWidget* parent)
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(NoSelection);
+    setSelectionMode(SingleSelection);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
     new OverlayScrollBar(this);
     connect(this, &QListView::clicked, this, &NotesListView::select);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        [this](const QItemSelection& chosen) {
+            const QModelIndex row = chosen.indexes().value(0);
+            if (row != rows->selected())
+                select(row);
+        });
+    connect(rows, &NotesListModel::dataChanged, this, &NotesListView::followSelection);
+    followSelection();
+}
+
+QItemSelectionModel::SelectionFlags NotesListView::selectionCommand(
+    const QModelIndex&, const QEvent*) const
+{
+    return QItemSelectionModel::NoUpdate;
+}
+
+void NotesListView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
+{
+    // Where one row can be selected, the toolkit would go to the next one and scroll to it.
+    setSelectionMode(NoSelection);
+    QListView::rowsAboutToBeRemoved(parent, start, end);
+    setSelectionMode(SingleSelection);
+}
+
+void NotesListView::followSelection()
+{
+    selectionModel()->select(rows->selected(), QItemSelectionModel::ClearAndSelect);
 }
 
 void NotesListView::keyPressEvent(QKeyEvent* event)

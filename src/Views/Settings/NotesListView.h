@@ -21,9 +21,18 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Neither the mouse nor the keys select in the list itself, see followSelection().
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override;
+
+protected Q_SLOTS:
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
 
 private:
     void select(const QModelIndex& index);
+    /// The list's own selection is for assistive programs: the row of the selected note for them to
+    /// read, and any row for them to select.
+    void followSelection();
     void showMenuOfCurrentRow();
     void showMenu(const QModelIndex& index, QPoint at);
 

@@ -397,5 +397,25 @@ TEST_F(NotesSettingsTabTest, accessible_rows_tellTitleAndPreview)
         QStringLiteral("Shown in the overlay. Note 1 Second line of 1"));
 }
 
+TEST_F(NotesSettingsTabTest, accessible_rowPressed_selectsTheNote)
+{
+    QAccessibleActionInterface* actions = accessible(list).child(2)->actionInterface();
+    ASSERT_TRUE(actions);
+    actions->doAction(actions->actionNames().value(0));
+    turn();
+    EXPECT_EQ(notes.selectedNoteID.get(), notes.notes.get()[2].id);
+    EXPECT_TRUE(accessible(list).child(2)->state().selected);
+    EXPECT_FALSE(accessible(list).child(0)->state().selected);
+}
+
+TEST_F(NotesSettingsTabTest, accessible_selectionChangesElsewhere_isTold)
+{
+    EXPECT_TRUE(accessible(list).child(0)->state().selected);
+    notes.selectNext();
+    turn();
+    EXPECT_TRUE(accessible(list).child(1)->state().selected);
+    EXPECT_FALSE(accessible(list).child(0)->state().selected);
+}
+
 } // namespace
 } // namespace sablequill
