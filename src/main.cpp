@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "AccessibleContainer.h"
 #include "Constants.h"
 #include "DesktopPlatform.h"
 #include "MirkpadApp.h"
@@ -26,6 +27,7 @@ int main(int, char* argv[])
     QApplication::setApplicationName(Constants::appName);
     QApplication::setDesktopFileName(Constants::bundleIdentifier);
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
+    installAccessibleContainers();
 
     DesktopPlatform desktop;
     MirkpadApp app(

@@ -93,6 +93,7 @@ MenuBarView::MenuBarView(
     , notesManager(*appState.notesManager)
 {
     setObjectName(QStringLiteral("menuBarView"));
+    setAccessibleName(QStringLiteral("Sablequill"));
     setFixedWidth(viewWidth);
     setFocusPolicy(Qt::ClickFocus);
     auto* layout = new QVBoxLayout(this);

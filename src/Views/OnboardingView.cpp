@@ -66,6 +66,7 @@ OnboardingView::OnboardingView(AppState& appState)
     : appState(appState)
 {
     setObjectName(QStringLiteral("onboardingView"));
+    setAccessibleName(tr("Guide"));
     setFixedSize(viewSize);
     setFocusPolicy(Qt::ClickFocus);
     pages = new PagedView({welcomePage(), mirkModePage(), shortcutsPage()});
