@@ -2,6 +2,22 @@
 #include "DesktopPlatform.h"
 
 namespace sablequill {
+namespace {
+
+/// Openbox tells each window of its state in a way that other window managers gave up.
+bool isStateMessage(const xcb_generic_event_t& event, xcb_atom_t stateChange)
+{
+    return eventType(event) == XCB_CLIENT_MESSAGE
+        && eventAs<xcb_client_message_event_t>(event).type == stateChange;
+}
+
+} // namespace
+
+DesktopPlatform::DesktopPlatform()
+    : unknownMessages([stateChange = server.atom("_KDE_WM_CHANGE_STATE")](
+                          const auto& event) { return isStateMessage(event, stateChange); })
+{
+}
 
 bool DesktopPlatform::isAvailable()
 {

@@ -21,6 +21,8 @@ namespace sablequill {
 /// Needs the toolkit's application object and outlives everything that uses the platform.
 class DesktopPlatform {
 public:
+    DesktopPlatform();
+
     /// Whether there is a desktop that the program can run on; needs no application object.
     static bool isAvailable();
 
@@ -36,6 +38,8 @@ public:
 private:
     const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(sessionBus());
     XServer server;
+    /// Keeps a message of one window manager from the toolkit, which would print a line about it.
+    XEventFilter unknownMessages;
     X11PanelFactory panels{server, *shield};
     QtScreens screens;
     DesktopHotKeys hotKeys{server, isWaylandSession(server)};
