@@ -24,6 +24,7 @@ is_present() {
     case "$1" in
     cmd:*) command -v "$what" >/dev/null ;;
     pc:*) command -v pkg-config >/dev/null && pkg-config --exists "$what" ;;
+    bus:*) [ -e "/usr/share/dbus-1/services/$what.service" ] ;;
     header:*) echo "#include <$what>" | c++ -E -x c++ - >/dev/null 2>&1 ;;
     font:*) command -v fc-list >/dev/null && fc-list -q "$what" ;;
     file:*) [ -e "$what" ] ;;
@@ -38,6 +39,7 @@ in_words() {
     case "$1" in
     cmd:*) echo "command $what" ;;
     pc:*) echo "pkg-config module $what" ;;
+    bus:*) echo "service $what of the session bus" ;;
     header:*) echo "header $what" ;;
     font:*) echo "font $what" ;;
     file:*) echo "file $what" ;;

@@ -31,6 +31,9 @@ protected:
 
     void SetUp() override;
 
+    /// How the program is started.
+    virtual std::vector<std::string> command() const { return {SABLEQUILL_BINARY}; }
+
     /// Puts the three notes into the user's file.
     void writeNotes();
     /// Returns when the overlay is shown; fails the test when it does not come.

@@ -28,6 +28,7 @@ inline constexpr xcb_keycode_t up = 111;
 inline constexpr xcb_keycode_t end = 115;
 inline constexpr xcb_keycode_t down = 116;
 inline constexpr xcb_keycode_t leftSuper = 133;
+inline constexpr xcb_keycode_t menu = 135;
 } // namespace KeyCode
 
 /// Real key presses through XTEST, seen by every client and every grab like those of a keyboard.

@@ -91,6 +91,12 @@ std::optional<int> ProgramUnderTest::terminate()
     return process.waitForExit();
 }
 
+std::optional<int> ProgramUnderTest::waitForEnd()
+{
+    mayEnd = true;
+    return process.waitForExit();
+}
+
 void ProgramUnderTest::kill()
 {
     mayEnd = true;

@@ -36,6 +36,9 @@ public:
     /// Asks it to end as a session does, and returns the wait status as waitpid gives it, or
     /// nothing when it does not end.
     std::optional<int> terminate();
+    /// For a program that was told to end by its own means: the wait status, or nothing when it
+    /// does not end.
+    std::optional<int> waitForEnd();
     /// Takes its power away, as a crash does.
     void kill();
     /// Waits for a line on stderr that contains the text, and takes it as expected.
