@@ -1,21 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "DesktopPlatform.h"
 
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
 namespace sablequill {
 namespace {
 
-/// Openbox tells each window of its state in a way that other window managers gave up.
-bool isStateMessage(const xcb_generic_event_t& event, xcb_atom_t stateChange)
+/// What is said to a window manager about a window. This program hears it too, as it watches the
+/// root, and the toolkit prints a line about each of these that is about a window of its own.
+constexpr std::string_view messages[] = {"_KDE_WM_CHANGE_STATE", "_NET_CLOSE_WINDOW",
+    "_NET_MOVERESIZE_WINDOW", "_NET_REQUEST_FRAME_EXTENTS", "_NET_RESTACK_WINDOW",
+    "_NET_WM_DESKTOP", "_NET_WM_FULLSCREEN_MONITORS", "_NET_WM_MOVERESIZE"};
+
+std::function<bool(const xcb_generic_event_t&)> managerMessages(const XServer& server)
 {
-    return eventType(event) == XCB_CLIENT_MESSAGE
-        && eventAs<xcb_client_message_event_t>(event).type == stateChange;
+    std::vector<xcb_atom_t> types;
+    for (const std::string_view name : messages)
+        types.push_back(server.atom(name));
+    return [types](const xcb_generic_event_t& event) {
+        return eventType(event) == XCB_CLIENT_MESSAGE
+            && std::find(
+                   types.begin(), types.end(), eventAs<xcb_client_message_event_t>(event).type)
+            != types.end();
+    };
 }
 
 } // namespace
 
 DesktopPlatform::DesktopPlatform()
-    : unknownMessages([stateChange = server.atom("_KDE_WM_CHANGE_STATE")](
-                          const auto& event) { return isStateMessage(event, stateChange); })
+    : unheard(managerMessages(server))
 {
 }
 

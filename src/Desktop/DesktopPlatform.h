@@ -38,8 +38,8 @@ public:
 private:
     const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(sessionBus());
     XServer server;
-    /// Keeps a message of one window manager from the toolkit, which would print a line about it.
-    XEventFilter unknownMessages;
+    /// Keeps from the toolkit what is not for this program.
+    XEventFilter unheard;
     X11PanelFactory panels{server, *shield};
     QtScreens screens;
     DesktopHotKeys hotKeys{server, isWaylandSession(server)};

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FocusKeeper.h"
 
+#include <QGuiApplication>
+#include <QWindow>
+
 #include <chrono>
 #include <utility>
 
@@ -92,8 +95,13 @@ void FocusKeeper::reactToPressElsewhere()
 
 xcb_window_t FocusKeeper::successor() const
 {
+    // Another window of this program that is being activated: the window manager's part may still
+    // be on its way, and would come too late.
+    const QWindow* next = QGuiApplication::focusWindow();
+    if (next && next->winId() != window && next->isVisible())
+        return static_cast<xcb_window_t>(next->winId());
     const std::optional<xcb_window_t> active = server.activeWindow();
-    if (active && !server.isOwn(*active) && server.isViewable(*active))
+    if (active && *active != window && server.isViewable(*active))
         return *active;
     if (previous > XCB_INPUT_FOCUS_POINTER_ROOT && server.isViewable(previous))
         return previous;

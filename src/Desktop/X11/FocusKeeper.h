@@ -20,7 +20,8 @@ public:
 
     /// Gives the keyboard to a mapped window of this program.
     void take(xcb_window_t window);
-    /// Gives the keyboard to the active window, or to the window that had it before; to be called
+    /// Gives the keyboard to another window of this program that the toolkit takes for the one with
+    /// the keyboard, else to the active window, else to the window that had it before; to be called
     /// while the own window is still mapped. Does nothing when the own window does not have it.
     void giveBack();
     bool hasFocus() const;
