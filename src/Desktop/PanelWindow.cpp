@@ -2,19 +2,27 @@
 #include "PanelWindow.h"
 
 #include <QMouseEvent>
-#include <QPainterPath>
 #include <QWindow>
 
+#include <cmath>
 #include <utility>
 
 namespace sablequill {
 namespace {
 
-QRegion roundedRegion(const QRect& rect, double radius)
+/// Row by row: the toolkit makes the corners of a region of a path unequal.
+QRegion roundedRegion(const QRect& rect, int radius)
 {
-    QPainterPath path;
-    path.addRoundedRect(rect, radius, radius);
-    return QRegion(path.toFillPolygon().toPolygon());
+    QRegion region(rect.adjusted(0, radius, 0, -radius));
+    for (int y = 0; y < radius; ++y) {
+        const double up = radius - y - 0.5;
+        const int inset =
+            static_cast<int>(std::lround(radius - std::sqrt(radius * radius - up * up)));
+        const QRect line(rect.left() + inset, rect.top() + y, rect.width() - 2 * inset, 1);
+        region += line;
+        region += line.translated(0, rect.height() - 1 - 2 * y);
+    }
+    return region;
 }
 
 } // namespace
@@ -146,7 +154,7 @@ void PanelWindow::layOut()
     if (isComposited || !content)
         clearMask();
     else
-        setMask(roundedRegion(rect(), content->cornerRadius()));
+        setMask(roundedRegion(rect(), static_cast<int>(std::lround(content->cornerRadius()))));
     Q_EMIT shapeChanged();
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "OverlayTest.h"
 
+#include <algorithm>
+
 namespace sablequill {
 namespace {
 
@@ -49,6 +51,26 @@ TEST_P(OverlayStackingTest, raise_fullScreenWindow_staysAbove)
     expectStaysAbove(probe);
     probe.raise();
     expectStaysAbove(probe);
+}
+
+TEST_P(OverlayStackingTest, hover_onAButton_showsItsTooltipAboveThePanel)
+{
+    startProgram();
+    mouse.moveTo(overlay.headerBackground());
+    mouse.moveTo(overlay.editButton());
+    const uint32_t tooltip = x.atom("_NET_WM_WINDOW_TYPE_TOOLTIP");
+    const auto isTooltipAbove = [&](xcb_window_t window) {
+        const auto types = x.property(window, "_NET_WM_WINDOW_TYPE");
+        return std::find(types.begin(), types.end(), tooltip) != types.end()
+            && isViewable(x, window) && isAbove(x, window, *overlay.window());
+    };
+    const auto isShown = [&] {
+        const auto windows = stackingOrder(x);
+        return std::any_of(windows.begin(), windows.end(), isTooltipAbove);
+    };
+    EXPECT_TRUE(waitUntil(isShown));
+    EXPECT_TRUE(holdsFor(isShown, watchTime));
+    EXPECT_TRUE(probe.hasFocus());
 }
 
 TEST_P(OverlayStackingTest, click_fullScreenWindow_staysAbove)
