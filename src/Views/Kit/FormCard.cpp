@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormCard.h"
 
+#include "DevicePixels.h"
 #include "Ink.h"
 #include "Layout.h"
 
@@ -23,7 +24,7 @@ FormCard::FormCard(std::initializer_list<QWidget*> rows)
     layout->setSpacing(0);
     for (QWidget* line : rows) {
         if (layout->count() > 0)
-            layout->addWidget(padded({10, 0, 0, 0}, column(0, {divider()})));
+            layout->addWidget(padded(insets(10, 0), column(0, {divider()})));
         layout->addWidget(padded(insets(10, 8), line));
     }
 }
@@ -33,10 +34,13 @@ void FormCard::paintEvent(QPaintEvent*)
     const Surroundings surroundings = surroundingsOf(*this);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color({InkRole::divider}, surroundings), 1));
+    const double thickness = hairline(painter);
+    const double half = thickness / 2;
+    painter.setPen(QPen(color({InkRole::divider}, surroundings), thickness));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(
-        QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+        onDevicePixels(painter, QRectF(rect())).adjusted(half, half, -half, -half), cornerRadius,
+        cornerRadius);
 }
 
 QWidget* groupedForm(std::initializer_list<QWidget*> sections)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Layout.h"
 
+#include "DevicePixels.h"
 #include "Ink.h"
 
 #include <QBoxLayout>
@@ -37,7 +38,8 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(rect(), color({InkRole::divider, opacity}, surroundingsOf(*this)));
+        QPainter painter(this);
+        fillHairline(painter, rect(), color({InkRole::divider, opacity}, surroundingsOf(*this)));
     }
 
 private:

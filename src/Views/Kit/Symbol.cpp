@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Symbol.h"
 
+#include "DevicePixels.h"
+
 #include <QFile>
 #include <QPainter>
 #include <QPixmapCache>
@@ -16,7 +18,7 @@ const char* strokeWidth(QFont::Weight weight)
 {
     switch (weight) {
     case QFont::Light:
-        return "1.25";
+        return "1.1";
     case QFont::Medium:
         return "2.1";
     case QFont::DemiBold:
@@ -80,6 +82,12 @@ QPixmap symbolPixmap(const Symbol& symbol, const QColor& color, double devicePix
         QPixmapCache::insert(key, pixmap);
     }
     return pixmap;
+}
+
+void drawSymbol(QPainter& painter, const QPointF& corner, const Symbol& symbol, const QColor& color)
+{
+    painter.drawPixmap(onDevicePixels(painter, corner),
+        symbolPixmap(symbol, color, painter.device()->devicePixelRatioF()));
 }
 
 } // namespace sablequill

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QString>
 
+class QPainter;
+
 namespace sablequill {
 
 /// One of the drawings in resources/symbols, set like a letter: by point size and weight.
@@ -23,5 +25,8 @@ int symbolExtent(double pointSize);
 /// The symbol in one color, sharp at the given ratio. Drawn once and kept; null for an unknown
 /// name.
 QPixmap symbolPixmap(const Symbol& symbol, const QColor& color, double devicePixelRatio);
+/// Draws the symbol's square from its top-left corner on, sharp wherever that falls on the device.
+void drawSymbol(
+    QPainter& painter, const QPointF& corner, const Symbol& symbol, const QColor& color);
 
 } // namespace sablequill

@@ -42,8 +42,8 @@ void SymbolView::paintEvent(QPaintEvent*)
 {
     const int side = symbolExtent(shownSymbol.size);
     QPainter painter(this);
-    painter.drawPixmap((width() - side) / 2, (height() - side) / 2,
-        symbolPixmap(shownSymbol, foreground(*this, shownInk), devicePixelRatioF()));
+    drawSymbol(painter, QPointF((width() - side) / 2, (height() - side) / 2), shownSymbol,
+        foreground(*this, shownInk));
 }
 
 } // namespace sablequill

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NoteRowDelegate.h"
 
+#include "DevicePixels.h"
 #include "Ink.h"
 #include "NotesListModel.h"
 #include "Symbol.h"
@@ -51,9 +52,8 @@ void NoteRowDelegate::paint(
         area.adjusted(horizontalPadding, verticalPadding, -horizontalPadding, -verticalPadding);
     if (index.data(NotesListModel::isSelectedRole).toBool()) {
         const QPoint corner(content.right() + 1 - extent, content.center().y() - extent / 2);
-        painter->drawPixmap(corner,
-            symbolPixmap({QStringLiteral("checkmark.circle.fill"), symbolSize},
-                ink(InkRole::accent), option.widget->devicePixelRatioF()));
+        drawSymbol(*painter, corner, {QStringLiteral("checkmark.circle.fill"), symbolSize},
+            ink(InkRole::accent));
     }
     content.adjust(0, 0, -extent - horizontalPadding, 0);
     const int titleHeight = QFontMetrics(font(titleStyle)).height();
@@ -62,7 +62,7 @@ void NoteRowDelegate::paint(
     content.setTop(content.top() + titleHeight + lineSpacing);
     drawLine(*painter, content, TextStyles::caption, ink(InkRole::secondary),
         index.data(NotesListModel::previewRole).toString());
-    painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
+    fillHairline(*painter, QRectF(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
         ink(InkRole::divider));
 }
 

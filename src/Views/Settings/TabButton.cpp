@@ -68,8 +68,8 @@ void TabButton::paintEvent(QPaintEvent*)
     }
     const QColor ink = color({isChecked() ? InkRole::accent : InkRole::secondary}, surroundings);
     const int extent = symbolExtent(symbolSize);
-    painter.drawPixmap(QPoint((width() - extent) / 2, 5),
-        symbolPixmap({symbol, symbolSize, QFont::Medium}, ink, devicePixelRatioF()));
+    drawSymbol(
+        painter, QPointF((width() - extent) / 2, 5), {symbol, symbolSize, QFont::Medium}, ink);
     painter.setPen(ink);
     painter.drawText(QRect(0, extent + 4, width(), height() - extent - 6), Qt::AlignCenter, text());
     ring.paint(painter, rect(), cornerRadius);

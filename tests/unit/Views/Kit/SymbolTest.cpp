@@ -4,6 +4,7 @@
 #include "SymbolView.h"
 #include "Widgets.h"
 
+#include <QPainter>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -73,6 +74,21 @@ TEST(Symbol, symbolPixmap_ratio_givesMorePixelsForTheSamePoints)
         EXPECT_EQ(drawn.width(), static_cast<int>(14 * ratio));
         EXPECT_EQ(drawn.deviceIndependentSize().toSize(), QSize(14, 14));
     }
+}
+
+TEST(Symbol, drawSymbol_betweenTheDevicesPixels_isAsSharpAsElsewhere)
+{
+    const auto drawnAt = [](double corner) {
+        QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        image.setDevicePixelRatio(1.5);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        drawSymbol(painter, {corner, corner}, symbol("eye", 11), Qt::black);
+        return image;
+    };
+    // Eight points are twelve pixels, nine are thirteen and a half: drawn from the fourteenth on.
+    EXPECT_EQ(drawnAt(8).copy(12, 12, 21, 21), drawnAt(9).copy(14, 14, 21, 21));
 }
 
 TEST(Symbol, symbolPixmap_askedAgain_isTheOneDrawnBefore)
