@@ -23,7 +23,7 @@ namespace {
 constexpr int viewWidth = 280;
 /// The rest is reached in the Settings window.
 constexpr std::size_t shownNotes = 5;
-constexpr Backdrop rowBackdrop{Backdrop::Shape::roundedRectangle, {InkRole::clear}, 5};
+constexpr Backdrop rowBackdrop{Backdrop::Shape::roundedRectangle, {InkRole::clear}, 5, 5};
 
 PlainButton* menuButton(const MenuAction& action)
 {

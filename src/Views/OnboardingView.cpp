@@ -152,6 +152,9 @@ QWidget* OnboardingView::shortcutRow(const QString& action, const QString& keys)
 {
     auto* label = new TextLabel(keys, TextStyles::body);
     label->setMonospacedDesign();
+    // All on plates of the same width.
+    label->reserve(QStringLiteral("⌘⇧↑"));
+    label->setAlignment(Qt::AlignCenter);
     return row(defaultSpacing,
         {
             new TextLabel(action, TextStyles::body, {InkRole::secondary}),

@@ -72,10 +72,11 @@ void PlainButton::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const bool isCircle = backdrop.shape == Backdrop::Shape::circle;
+    const QRect area = rect().adjusted(backdrop.inset, 0, -backdrop.inset, 0);
     const double radius = isCircle ? std::min(width(), height()) / 2.0 : backdrop.radius;
     const auto fill = [&](Ink ink) {
         painter.setBrush(color(ink, surroundingsOf(*this)));
-        painter.drawRoundedRect(rect(), radius, radius);
+        painter.drawRoundedRect(area, radius, radius);
     };
     if (backdrop.shape != Backdrop::Shape::none) {
         fill(backdrop.fill);
@@ -84,7 +85,7 @@ void PlainButton::paintEvent(QPaintEvent*)
         else if (hovered && isEnabled())
             fill(hoverWash);
     }
-    ring.paint(painter, rect(), radius);
+    ring.paint(painter, area, radius);
 }
 
 void PlainButton::setHovered(bool isHovered)

@@ -21,6 +21,7 @@ struct Backdrop {
     Shape shape = Shape::none;
     Ink fill = {InkRole::clear};
     double radius = 6; ///< Of the corners; also of the focus ring's where there is no shape.
+    int inset = 0; ///< Between the button's left and right edges and the shape's, in points.
 };
 
 /// A button without a bezel: its label, and a backdrop that answers the pointer. The whole

@@ -74,11 +74,30 @@ void TextLabel::reserve(const QString& widest)
 
 void TextLabel::wrapAt(int width)
 {
-    setFixedSize(width, heightForWidth(width));
+    const int height = heightForWidth(width);
+    setFixedSize(width, height);
+    if (!(alignment() & Qt::AlignHCenter))
+        return;
+    // The least width that needs no more lines.
+    int tooNarrow = 0;
+    wrapWidth = width;
+    while (wrapWidth - tooNarrow > 1) {
+        const int middle = (tooNarrow + wrapWidth) / 2;
+        (fits(middle, height) ? wrapWidth : tooNarrow) = middle;
+    }
+    update();
+}
+
+bool TextLabel::fits(int width, int height) const
+{
+    const QRect room(0, 0, width, QWIDGETSIZE_MAX);
+    const QRect taken = QFontMetrics(font()).boundingRect(room, Qt::TextWordWrap, text());
+    return taken.width() <= width && taken.height() <= height;
 }
 
 void TextLabel::setMonospacedDesign()
 {
+    hasMonospacedDesign = true;
     setFont(monospacedFont(textStyle));
 }
 
@@ -119,21 +138,33 @@ void TextLabel::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setPen(foreground(*this, textInk));
     if (lines == Lines::many)
-        painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextWordWrap, text());
+        painter.drawText(textArea(), static_cast<int>(alignment()) | Qt::TextWordWrap, text());
     else
         paintLine(painter);
 }
 
 double TextLabel::advance(const QString& line) const
 {
-    const QFontMetricsF metrics(font());
-    if (!hasMonospacedDigits)
-        return metrics.horizontalAdvance(line);
-    const double digit = digitWidth();
+    if (!hasMonospacedDigits && !hasMonospacedDesign)
+        return QFontMetricsF(font()).horizontalAdvance(line);
     double width = 0;
     for (const QChar character : line)
-        width += character.isDigit() ? digit : metrics.horizontalAdvance(character);
+        width += advance(character);
     return width;
+}
+
+double TextLabel::advance(QChar character) const
+{
+    return hasMonospacedDigits && character.isDigit()
+        ? digitWidth()
+        : QFontMetricsF(fontOf(character)).horizontalAdvance(character);
+}
+
+QFont TextLabel::fontOf(QChar character) const
+{
+    // In a fixed-pitch family the signs of the keys are too narrow to be told apart.
+    const bool isSign = character.unicode() > 0x7f && !character.isLetterOrNumber();
+    return hasMonospacedDesign && isSign ? sablequill::font(textStyle) : font();
 }
 
 double TextLabel::digitWidth() const
@@ -143,6 +174,11 @@ double TextLabel::digitWidth() const
     for (char16_t digit = u'0'; digit <= u'9'; ++digit)
         widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
     return widest;
+}
+
+QRect TextLabel::textArea() const
+{
+    return wrapWidth == 0 ? rect() : QRect((width() - wrapWidth) / 2, 0, wrapWidth, height());
 }
 
 int TextLabel::wrappedHeight(int width) const
@@ -160,14 +196,14 @@ void TextLabel::paintLine(QPainter& painter) const
     const bool isAtEnd = (alignment() & Qt::AlignRight) != 0;
     double x = isCentered ? slack / 2 : isAtEnd ? slack : 0;
     const double baseline = std::round((height() - metrics.height()) / 2 + metrics.ascent());
-    if (!hasMonospacedDigits) {
+    if (!hasMonospacedDigits && !hasMonospacedDesign) {
         painter.drawText(QPointF(std::max(x, 0.0), baseline), line);
         return;
     }
-    const double digit = digitWidth();
     for (const QChar character : line) {
-        const double own = metrics.horizontalAdvance(character);
-        const double cell = character.isDigit() ? digit : own;
+        painter.setFont(fontOf(character));
+        const double own = QFontMetricsF(painter.font()).horizontalAdvance(character);
+        const double cell = advance(character);
         painter.drawText(QPointF(x + (cell - own) / 2, baseline), character);
         x += cell;
     }

@@ -29,9 +29,10 @@ public:
     void setMonospacedDigits();
     /// Makes the label as wide as this text at least, so that what stands beside it does not move.
     void reserve(const QString& widest);
-    /// Wraps the text at this width, in points, and makes the label as high as that needs.
+    /// Wraps the text within this width, in points, and makes the label as high as that needs. The
+    /// lines of a centered text get about the same length.
     void wrapAt(int width);
-    /// Uses the fixed-pitch family.
+    /// Uses the fixed-pitch family, but for signs other than letters and digits.
     void setMonospacedDesign();
 
     /// What is drawn of a one-line text in a width, in points.
@@ -46,15 +47,21 @@ protected:
 
 private:
     double advance(const QString& line) const;
+    double advance(QChar character) const;
     double digitWidth() const;
+    QFont fontOf(QChar character) const;
     int wrappedHeight(int width) const;
+    bool fits(int width, int height) const;
+    QRect textArea() const;
     void paintLine(QPainter& painter) const;
 
     TextStyle textStyle;
     Ink textInk;
     Lines lines;
     QString reserved;
+    int wrapWidth = 0; ///< In points; 0 for the label's own.
     bool hasMonospacedDigits = false;
+    bool hasMonospacedDesign = false;
 };
 
 } // namespace sablequill

@@ -12,20 +12,25 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace sablequill {
 namespace {
 
 /// Between the edges of the tab and the text in its cards.
 constexpr int textWidth = 520 - 2 * (20 + 10 + 1);
 
-TextLabel* caption()
+QWidget* caption()
 {
-    auto* text =
+    auto* label =
         new TextLabel(QStringLiteral("Global shortcuts work system-wide. Toggle overlay: ⌘⇧G · "
                                      "Quick open: ⌘⇧O · Previous/Next note: ⌘⇧↑/↓"),
             TextStyles::caption, {InkRole::secondary}, TextLabel::Lines::many);
-    text->wrapAt(textWidth);
-    return text;
+    // Wrapped after the first shortcut, not inside of the name of the last.
+    const qsizetype firstLine = label->text().indexOf(u'·') + 1;
+    const int width = label->fontMetrics().horizontalAdvance(label->text().first(firstLine)) + 1;
+    label->wrapAt(std::min(width, textWidth));
+    return row(0, {label, spacer()});
 }
 
 } // namespace

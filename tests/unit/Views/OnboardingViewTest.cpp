@@ -33,14 +33,24 @@ protected:
     void turnTo(int page)
     {
         view.setCurrentPage(page);
-        EXPECT_TRUE(waitFor([&] { return pageFrame(page).x() == 0; }));
+        EXPECT_TRUE(waitFor([&] { return shownPages() == 1 && pageFrame(page).x() == 0; }));
     }
 
-    QRect pageFrame(int index)
+    QWidget& pageAt(int index)
     {
         static const QStringList names{QStringLiteral("welcomePage"),
             QStringLiteral("mirkModePage"), QStringLiteral("shortcutsPage")};
-        return frameIn(view, found(view, names[index]));
+        return found(view, names[index]);
+    }
+    QRect pageFrame(int index) { return frameIn(view, pageAt(index)); }
+
+    /// More than one while they slide.
+    int shownPages()
+    {
+        int count = 0;
+        for (const int page : {0, 1, 2})
+            count += pageAt(page).isVisible() ? 1 : 0;
+        return count;
     }
 
     TextLabel& text(const QString& words)

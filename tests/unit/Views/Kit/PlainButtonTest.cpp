@@ -92,6 +92,18 @@ TEST_F(PlainButtonTest, paint_underThePointer_isBrighterAndDullsAgain)
     EXPECT_EQ(pixel(22, 14), rest);
 }
 
+TEST_F(PlainButtonTest, paint_inset_leavesTheEdgesClear)
+{
+    PlainButton wide(
+        new QWidget, {Backdrop::Shape::roundedRectangle, {InkRole::white}, 0, 5}, [] {});
+    wide.resize(60, 20);
+    const QImage drawn = picture(wide);
+    for (const int x : {0, 4, 55, 59})
+        EXPECT_EQ(drawn.pixelColor(x, 10).alpha(), 0) << x;
+    for (const int x : {5, 54})
+        EXPECT_EQ(drawn.pixelColor(x, 10).alpha(), 255) << x;
+}
+
 TEST_F(PlainButtonTest, paint_pressed_answers)
 {
     const QColor rest = pixel(22, 14);

@@ -91,6 +91,43 @@ TEST(TextLabel, heightForWidth_manyLines_growsAsTheWidthShrinks)
     EXPECT_GT(label.heightForWidth(80), 2 * label.heightForWidth(1000));
 }
 
+TEST(TextLabel, wrapAt_centeredText_hasLinesOfAboutTheSameLength)
+{
+    TextLabel label(QStringLiteral("several words that take one line and more"), TextStyles::body,
+        {InkRole::white}, TextLabel::Lines::many);
+    const QFontMetrics metrics(label.font());
+    const int width = metrics.horizontalAdvance(label.text()) - 4;
+    label.setAlignment(Qt::AlignHCenter);
+    label.wrapAt(width);
+    EXPECT_EQ(label.size(), QSize(width, label.heightForWidth(width)));
+    const QImage drawn = picture(label);
+    const auto inkedColumns = [&](int top, int bottom) {
+        int count = 0;
+        for (int x = 0; x < width; ++x) {
+            bool isInked = false;
+            for (int y = top; y < bottom; ++y)
+                isInked = isInked || drawn.pixelColor(x, y).alpha() > 0;
+            count += isInked ? 1 : 0;
+        }
+        return count;
+    };
+    const int middle = label.height() / 2;
+    EXPECT_LT(inkedColumns(0, middle), width * 2 / 3);
+    EXPECT_GT(inkedColumns(middle, label.height()), width / 4);
+}
+
+TEST(TextLabel, monospacedDesign_letters_areOfOneWidthAndSignsTheSystems)
+{
+    const auto widthOf = [](const QString& text, bool isMonospaced) {
+        TextLabel label(text);
+        if (isMonospaced)
+            label.setMonospacedDesign();
+        return label.sizeHint().width();
+    };
+    EXPECT_EQ(widthOf(QStringLiteral("ill"), true), widthOf(QStringLiteral("WWW"), true));
+    EXPECT_EQ(widthOf(QStringLiteral("⌘"), true), widthOf(QStringLiteral("⌘"), false));
+}
+
 TEST(TextLabel, paint_ink_isTheTextsColor)
 {
     TextLabel label(QStringLiteral("\u2588\u2588\u2588"), TextStyles::title, {InkRole::green});
