@@ -5,6 +5,7 @@
 #include "NotesListModel.h"
 #include "NotesManager.h"
 #include "OverlayScrollBar.h"
+#include "PopupStyle.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -109,8 +110,9 @@ void NotesListView::showMenu(const QModelIndex& index, QPoint at)
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // The note as it was when the menu opened: the list may change while it is open.
-    menu->addAction(
+    QAction* deletion = menu->addAction(
         QStringLiteral("Delete"), this, [this, chosen = *note] { noteStore.deleteNote(chosen); });
+    PopupStyle::setDestructive(*deletion);
     menu->popup(at);
 }
 
