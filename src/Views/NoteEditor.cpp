@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NoteEditor.h"
 
+#include "ContextMenu.h"
 #include "OverlayScrollBar.h"
 
 #include <QContextMenuEvent>
@@ -162,7 +163,6 @@ void NoteEditor::dropEvent(QDropEvent* event)
 void NoteEditor::contextMenuEvent(QContextMenuEvent* event)
 {
     auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [&](const QString& title, QKeySequence::StandardKey key, bool isEnabled,
                          auto verb) {
         QAction* action = menu->addAction(title, this, verb);
@@ -181,7 +181,7 @@ void NoteEditor::contextMenuEvent(QContextMenuEvent* event)
     menu->addSeparator();
     add(QStringLiteral("Select All"), QKeySequence::SelectAll, !content.text().isEmpty(),
         &QPlainTextEdit::selectAll);
-    menu->popup(event->globalPos());
+    openContextMenu(menu, event->globalPos());
 }
 
 bool NoteEditor::focusNextPrevChild(bool next)

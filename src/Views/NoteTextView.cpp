@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NoteTextView.h"
 
+#include "ContextMenu.h"
 #include "LinkPolicy.h"
 #include "OverlayScrollBar.h"
 
@@ -59,9 +60,7 @@ QMimeData* NoteTextView::createMimeDataFromSelection() const
 
 void NoteTextView::contextMenuEvent(QContextMenuEvent* event)
 {
-    QMenu* menu = createStandardContextMenu(event->pos());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
+    openContextMenu(createStandardContextMenu(event->pos()), event->globalPos());
 }
 
 void NoteTextView::focusInEvent(QFocusEvent* event)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NotesListView.h"
 
+#include "ContextMenu.h"
 #include "NoteRowDelegate.h"
 #include "NotesListModel.h"
 #include "NotesManager.h"
@@ -108,12 +109,11 @@ void NotesListView::showMenu(const QModelIndex& index, QPoint at)
     if (!note)
         return;
     auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     // The note as it was when the menu opened: the list may change while it is open.
     QAction* deletion = menu->addAction(
         QStringLiteral("Delete"), this, [this, chosen = *note] { noteStore.deleteNote(chosen); });
     PopupStyle::setDestructive(*deletion);
-    menu->popup(at);
+    openContextMenu(menu, at);
 }
 
 } // namespace sablequill
