@@ -19,11 +19,8 @@ DesktopHotKeys::DesktopHotKeys(const XServer& server, bool isWaylandSession)
     if (!bus)
         return;
     wayland.emplace(*bus, grabs);
-    QObject::connect(
-        &wayland->portal, &PortalHotKeyCenter::availabilityChanged, &wayland->portal, [this] {
-            wayland->choice.setDesktopHolds(wayland->portal.isAvailable());
-            holder.isDesktop = wayland->portal.isAvailable();
-        });
+    QObject::connect(&wayland->portal, &PortalHotKeyCenter::availabilityChanged, &wayland->portal,
+        [this] { wayland->choice.setDesktopHolds(wayland->portal.isAvailable()); });
 }
 
 HotKeyCenter& DesktopHotKeys::center()

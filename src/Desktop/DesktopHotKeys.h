@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HotKeyHolder.h"
 #include "HotKeySwitch.h"
 #include "PortalHotKeyCenter.h"
 #include "X11HotKeyCenter.h"
@@ -19,8 +18,6 @@ public:
     DesktopHotKeys(const XServer& server, bool isWaylandSession);
 
     HotKeyCenter& center();
-
-    HotKeyHolder holder;
 
 private:
     struct PortalOrGrabs {

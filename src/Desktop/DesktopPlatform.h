@@ -27,7 +27,6 @@ public:
     static bool isAvailable();
 
     Platform platform();
-    HotKeyHolder& hotKeyHolder() { return hotKeys.holder; }
 
     QtApplication application;
     DesktopStatusItem statusItem{sessionBus()};

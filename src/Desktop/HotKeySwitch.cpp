@@ -23,6 +23,7 @@ void HotKeySwitch::setDesktopHolds(bool isDesktop)
     current = &next;
     for (auto& [ref, hotKey] : hotKeys)
         take(hotKey);
+    currentHolder.isDesktop = isDesktop;
 }
 
 EventHandlerRef HotKeySwitch::installEventHandler(

@@ -23,6 +23,7 @@ public:
     std::optional<HotKeyRef> registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) override;
     void unregisterHotKey(HotKeyRef hotKey) override;
+    HotKeyHolder& holder() override { return currentHolder; }
 
 private:
     struct HotKey {
@@ -36,6 +37,7 @@ private:
     void take(HotKey& hotKey);
     void release(HotKey& hotKey);
 
+    HotKeyHolder currentHolder;
     HotKeyCenter& grabs;
     HotKeyCenter& desktop;
     HotKeyCenter* current;

@@ -39,6 +39,9 @@ public:
     /// Replaces one action's hot key and saves its binding.
     void updateShortcut(HotkeyAction action, const KeyboardShortcutBinding& binding);
 
+    /// Who holds the four hot keys.
+    HotKeyHolder& holder() { return hotKeyCenter.holder(); }
+
     using HotkeyRefs = std::map<HotkeyAction, std::optional<HotKeyRef>>;
     /// What the last registration of each action returned; an action whose registration failed is
     /// there without a reference.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HotKeyHolder.h"
+
 #include <cstdint>
 #include <optional>
 
@@ -63,6 +65,8 @@ public:
     virtual std::optional<HotKeyRef> registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) = 0;
     virtual void unregisterHotKey(HotKeyRef hotKey) = 0;
+    /// Who holds what is registered.
+    virtual HotKeyHolder& holder() = 0;
 
 protected:
     ~HotKeyCenter() = default;

@@ -15,9 +15,6 @@ protected:
     void expectShows(const QImage& picture, const char* what)
     {
         EXPECT_TRUE(waitUntil([&] { return captureScreen(x, overlay.card()) == picture; })) << what;
-        if (captureScreen(x, overlay.card()) != picture) {
-            captureScreen(x, overlay.card()).save(QStringLiteral("/tmp/b.png"));
-        }
     }
     void expectAllFourWork();
 };

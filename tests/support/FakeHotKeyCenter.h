@@ -30,6 +30,7 @@ public:
     std::optional<HotKeyRef> registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) override;
     void unregisterHotKey(HotKeyRef hotKey) override;
+    HotKeyHolder& holder() override { return currentHolder; }
 
     /// A key press in some application; not handled when no hot key has the combination.
     std::int32_t press(Combination combination);
@@ -47,6 +48,7 @@ public:
         HotKeyID id;
     };
 
+    HotKeyHolder currentHolder;
     std::set<Combination> ownedElsewhere;
     std::vector<Dispatcher> dispatchers;
     std::map<HotKeyRef, HotKey> hotKeys;

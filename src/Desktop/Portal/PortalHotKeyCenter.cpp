@@ -10,6 +10,7 @@ PortalHotKeyCenter::PortalHotKeyCenter(const QDBusConnection& bus)
     , portal(bus)
 {
     registerPortalShortcutTypes();
+    desktop.isDesktop = true;
     settling.setSingleShot(true);
     connect(&settling, &QTimer::timeout, this, &PortalHotKeyCenter::settle);
     connect(

@@ -35,6 +35,7 @@ public:
     std::optional<HotKeyRef> registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) override;
     void unregisterHotKey(HotKeyRef hotKey) override;
+    HotKeyHolder& holder() override { return desktop; }
 
 Q_SIGNALS:
     /// Where another portal takes the place of one, twice.
@@ -52,6 +53,7 @@ private:
     void press(const QString& shortcut);
     PortalShortcuts wanted() const;
 
+    HotKeyHolder desktop;
     QDBusConnection bus;
     ShortcutsPortal portal;
     HotKeyDispatchers dispatchers;

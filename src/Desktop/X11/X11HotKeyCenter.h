@@ -24,6 +24,7 @@ public:
     std::optional<HotKeyRef> registerHotKey(
         std::uint32_t keyCode, std::uint32_t modifiers, HotKeyID id) override;
     void unregisterHotKey(HotKeyRef hotKey) override;
+    HotKeyHolder& holder() override { return program; }
 
 private:
     struct Grab {
@@ -51,6 +52,7 @@ private:
     bool handlePress(const xcb_key_press_event_t& press);
     void handleRelease(const xcb_key_release_event_t& release);
 
+    HotKeyHolder program;
     const XServer& server;
     const std::uint8_t xkbFirstEvent;
     KeyboardMap keyboard;

@@ -20,6 +20,9 @@ namespace {
 /// Between the edges of the tab and the text in its cards.
 constexpr int textWidth = 520 - 2 * (20 + 10 + 1);
 
+const QString heldByDesktop =
+    QStringLiteral("The desktop holds these keys. Change them in its own settings.");
+
 QWidget* caption()
 {
     auto* label =
@@ -59,6 +62,9 @@ ShortcutsSettingsTab::ShortcutsSettingsTab(SettingsViewModel& viewModel, AppStat
     auto* refreshing = new Refresh(this, [this] { refresh(); });
     refreshing->observe(&viewModel);
     refresh();
+    auto* following = new Refresh(this, [this] { refreshHolder(); });
+    following->observe(&appState.hotkeyManager->holder());
+    refreshHolder();
 }
 
 QWidget* ShortcutsSettingsTab::shortcutRow(HotkeyAction action)
@@ -67,7 +73,8 @@ QWidget* ShortcutsSettingsTab::shortcutRow(HotkeyAction action)
     binding->setMonospacedDigits();
     binding->setObjectName(rawValue(action));
     bindings[action] = binding;
-    return row(defaultSpacing, {new TextLabel(displayName(action)), spacer(), binding});
+    rows.push_back(row(defaultSpacing, {new TextLabel(displayName(action)), spacer(), binding}));
+    return rows.back();
 }
 
 QWidget* ShortcutsSettingsTab::resetRow()
@@ -94,6 +101,16 @@ void ShortcutsSettingsTab::refresh()
         label->setText(
             found == shortcuts.end() ? QStringLiteral("—") : found->second.displayString());
     }
+}
+
+void ShortcutsSettingsTab::refreshHolder()
+{
+    const bool isDesktop = appState.hotkeyManager->holder().isDesktop;
+    const QString description = isDesktop ? heldByDesktop : QString();
+    for (QWidget* line : rows)
+        line->setToolTip(description);
+    for (const auto& [action, label] : bindings)
+        label->setAccessibleDescription(description);
 }
 
 } // namespace sablequill

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <map>
+#include <vector>
 
 namespace sablequill {
 
@@ -25,10 +26,12 @@ private:
     QWidget* shortcutRow(HotkeyAction action);
     QWidget* resetRow();
     void refresh();
+    void refreshHolder();
 
     SettingsViewModel& viewModel;
     AppState& appState;
     std::map<HotkeyAction, TextLabel*> bindings;
+    std::vector<QWidget*> rows;
 };
 
 } // namespace sablequill

@@ -53,6 +53,15 @@ TEST_F(HotKeySwitchTest, setDesktopHolds_bothWays_movesAllThatIsRegistered)
     EXPECT_EQ(heldBy(desktop), Numbers{});
 }
 
+TEST_F(HotKeySwitchTest, holder_always_isTheCurrentWay)
+{
+    EXPECT_FALSE(choice.holder().isDesktop);
+    choice.setDesktopHolds(true);
+    EXPECT_TRUE(choice.holder().isDesktop);
+    choice.setDesktopHolds(false);
+    EXPECT_FALSE(choice.holder().isDesktop);
+}
+
 TEST_F(HotKeySwitchTest, setDesktopHolds_always_letsGoOfAllBeforeItTakesAny)
 {
     add(g, 1);

@@ -38,6 +38,16 @@ protected:
             texts.append(binding(action).text());
         return texts;
     }
+    /// What tooltips and a screen reader say of the four, each of it once.
+    QStringList descriptions()
+    {
+        QStringList texts;
+        for (const HotkeyAction action : allHotkeyActions)
+            texts << binding(action).accessibleDescription()
+                  << binding(action).parentWidget()->toolTip();
+        texts.removeDuplicates();
+        return texts;
+    }
     void clickReset() { QTest::mouseClick(&found(tab, reset), Qt::LeftButton); }
 
     SettingsViewModel& viewModel = *appState.settingsViewModel;
@@ -102,6 +112,21 @@ TEST_F(ShortcutsSettingsTabTest, reset_keysAlone_works)
     QTest::keyClick(tab.focusWidget(), Qt::Key_Return);
     QTest::keyClick(tab.focusWidget(), Qt::Key_Space);
     EXPECT_EQ(callsOf("loginItem.unregisterItem()"), 2);
+}
+
+TEST_F(ShortcutsSettingsTabTest, rows_heldByTheDesktop_sayWhereTheKeysAreChanged)
+{
+    const QString description =
+        QStringLiteral("The desktop holds these keys. Change them in its own settings.");
+    const QStringList before = textsIn(tab);
+    EXPECT_EQ(descriptions(), QStringList(QString()));
+    hotKeys.currentHolder.isDesktop = true;
+    turn();
+    EXPECT_EQ(descriptions(), QStringList(description));
+    EXPECT_EQ(textsIn(tab), before);
+    hotKeys.currentHolder.isDesktop = false;
+    turn();
+    EXPECT_EQ(descriptions(), QStringList(QString()));
 }
 
 TEST_F(ShortcutsSettingsTabTest, caption_always_isWhollyShownInItsStyle)
