@@ -3,7 +3,6 @@
 
 #include "SessionBus.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
@@ -27,7 +26,7 @@ PortalColorScheme::PortalColorScheme()
     if (!bus)
         return;
     bus->connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-        SLOT(settingChanged(QString, QString, QDBusVariant)));
+        SLOT(settingChanged(QDBusMessage)));
     read();
 }
 
@@ -46,16 +45,17 @@ void PortalColorScheme::read()
     });
 }
 
-void PortalColorScheme::settingChanged(
-    const QString& nameSpace, const QString& key, const QDBusVariant& value)
+// The whole message: the toolkit refuses to connect a slot that takes a variant.
+void PortalColorScheme::settingChanged(const QDBusMessage& signal)
 {
-    if (nameSpace == appearance && key == colorScheme)
-        take(value.variant());
+    const QVariantList change = signal.arguments();
+    if (change.value(0).toString() == appearance && change.value(1).toString() == colorScheme)
+        take(change.value(2));
 }
 
 void PortalColorScheme::take(const QVariant& value)
 {
-    // The answer to a question holds a variant in a variant, a signal holds one.
+    // The answer to a question holds one variant more than a signal.
     const bool isNested = value.canConvert<QDBusVariant>();
     const QVariant scheme = isNested ? value.value<QDBusVariant>().variant() : value;
     const bool isDark = scheme.toUInt() == preferDark;

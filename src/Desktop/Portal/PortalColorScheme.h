@@ -3,8 +3,8 @@
 
 #include "ColorScheme.h"
 
-#include <QDBusVariant>
-#include <QString>
+#include <QDBusMessage>
+#include <QVariant>
 
 namespace sablequill {
 
@@ -17,7 +17,7 @@ public:
     PortalColorScheme();
 
 private Q_SLOTS:
-    void settingChanged(const QString& nameSpace, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& signal);
 
 private:
     void read();

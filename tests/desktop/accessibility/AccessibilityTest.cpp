@@ -18,13 +18,13 @@ protected:
     void expectEveryControlTellsWhatItIs() const
     {
         int controls = 0;
-        for (const auto& object : shown()) {
+        for (const auto& [object, name, role] : shown()) {
             if (!object.isControl())
                 continue;
             ++controls;
-            EXPECT_FALSE(object.name().trimmed().isEmpty()) << "without a name: " << object;
-            EXPECT_NE(object.role(), u"filler") << "without a role: " << object;
-            EXPECT_NE(object.role(), u"unknown") << "without a role: " << object;
+            EXPECT_FALSE(name.trimmed().isEmpty()) << "without a name: " << object;
+            EXPECT_NE(role, u"filler") << "without a role: " << object;
+            EXPECT_NE(role, u"unknown") << "without a role: " << object;
         }
         EXPECT_GT(controls, 0);
     }
@@ -207,12 +207,12 @@ TEST_P(AccessibilityTest, settings_notes_areListedMadeAndSelectedByNames)
     // The popover has a button of that name too.
     const auto all = shown();
     const auto window = std::find_if(all.begin(), all.end(),
-        [](const auto& object) { return object.name() == u"Sablequill Settings"; });
-    const auto button = std::find_if(window, all.end(), [](const auto& object) {
-        return object.name() == u"New Note" && object.role() == Role::button;
+        [](const SeenObject& seen) { return seen.name == u"Sablequill Settings"; });
+    const auto button = std::find_if(window, all.end(), [](const SeenObject& seen) {
+        return seen.name == u"New Note" && seen.role == Role::button;
     });
     ASSERT_NE(button, all.end());
-    EXPECT_TRUE(button->press());
+    EXPECT_TRUE(button->object.press());
     EXPECT_TRUE(waitUntil([&] { return savedNotes() == 4; }));
     expectShown(QStringLiteral("1 / 4"), Role::label);
     EXPECT_TRUE(waitUntil([&] { return noteRow(0)->name() == u"New Note"; }));

@@ -11,6 +11,7 @@
 #include <QDBusVariant>
 #include <QStringList>
 
+#include <list>
 #include <utility>
 
 namespace sablequill {
@@ -23,6 +24,13 @@ const QString editableTextInterface = QStringLiteral("org.a11y.atspi.EditableTex
 const QString textInterface = QStringLiteral("org.a11y.atspi.Text");
 const QString valueInterface = QStringLiteral("org.a11y.atspi.Value");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+/// Waits for it; nothing when it is an error.
+QVariantList answerTo(QDBusPendingCall question)
+{
+    question.waitForFinished();
+    return question.isError() ? QVariantList() : question.reply().arguments();
+}
 
 QDBusArgument structured(const QVariantList& answer)
 {
@@ -45,6 +53,35 @@ Reference readReference(const QDBusArgument& argument)
     return reference;
 }
 
+std::vector<Reference> readReferences(const QVariantList& answer)
+{
+    std::vector<Reference> references;
+    if (answer.isEmpty())
+        return references;
+    const auto argument = structured(answer);
+    argument.beginArray();
+    while (!argument.atEnd())
+        references.push_back(readReference(argument));
+    argument.endArray();
+    return references;
+}
+
+QVariant propertyIn(const QVariantList& answer)
+{
+    return answer.isEmpty() ? QVariant() : answer.constFirst().value<QDBusVariant>().variant();
+}
+
+bool holdsState(const QVariantList& answer, AccessibleState state)
+{
+    constexpr int wordSize = 32;
+    if (answer.isEmpty())
+        return false;
+    QList<uint> words;
+    structured(answer) >> words;
+    const int bit = static_cast<int>(state);
+    return (words.value(bit / wordSize) >> (bit % wordSize) & 1) != 0;
+}
+
 } // namespace
 
 AccessibleObject::AccessibleObject(const QDBusConnection& bus, QString service, QString path)
@@ -54,19 +91,23 @@ AccessibleObject::AccessibleObject(const QDBusConnection& bus, QString service, 
 {
 }
 
+QDBusPendingCall AccessibleObject::ask(
+    const QString& interface, const QString& method, const QVariantList& arguments) const
+{
+    auto question = QDBusMessage::createMethodCall(service, path, interface, method);
+    question.setArguments(arguments);
+    return bus.asyncCall(question, static_cast<int>(defaultDeadline.count()));
+}
+
 QVariantList AccessibleObject::call(
     const QString& interface, const QString& method, const QVariantList& arguments) const
 {
-    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
-    message.setArguments(arguments);
-    const auto answer = bus.call(message, QDBus::Block, static_cast<int>(defaultDeadline.count()));
-    return answer.type() == QDBusMessage::ReplyMessage ? answer.arguments() : QVariantList();
+    return answerTo(ask(interface, method, arguments));
 }
 
 QVariant AccessibleObject::property(const QString& interface, const QString& name) const
 {
-    const auto answer = call(propertiesInterface, QStringLiteral("Get"), {interface, name});
-    return answer.isEmpty() ? QVariant() : answer.constFirst().value<QDBusVariant>().variant();
+    return propertyIn(call(propertiesInterface, QStringLiteral("Get"), {interface, name}));
 }
 
 void AccessibleObject::setProperty(
@@ -99,14 +140,7 @@ QString AccessibleObject::role() const
 
 bool AccessibleObject::is(AccessibleState state) const
 {
-    constexpr int wordSize = 32;
-    const auto answer = call(accessibleInterface, QStringLiteral("GetState"));
-    if (answer.isEmpty())
-        return false;
-    QList<uint> words;
-    structured(answer) >> words;
-    const int bit = static_cast<int>(state);
-    return (words.value(bit / wordSize) >> (bit % wordSize) & 1) != 0;
+    return holdsState(call(accessibleInterface, QStringLiteral("GetState")), state);
 }
 
 Area AccessibleObject::area() const
@@ -126,16 +160,9 @@ Area AccessibleObject::area() const
 std::vector<AccessibleObject> AccessibleObject::children() const
 {
     std::vector<AccessibleObject> found;
-    const auto answer = call(accessibleInterface, QStringLiteral("GetChildren"));
-    if (answer.isEmpty())
-        return found;
-    const auto argument = structured(answer);
-    argument.beginArray();
-    while (!argument.atEnd()) {
-        const auto reference = readReference(argument);
-        found.emplace_back(bus, reference.service, reference.path);
-    }
-    argument.endArray();
+    for (const auto& [owner, at] :
+        readReferences(call(accessibleInterface, QStringLiteral("GetChildren"))))
+        found.emplace_back(bus, owner, at);
     return found;
 }
 
@@ -199,6 +226,11 @@ bool AccessibleObject::setText(const QString& text) const
     return call(editableTextInterface, QStringLiteral("SetTextContents"), {text}).value(0).toBool();
 }
 
+AccessibleObject AccessibleObject::sibling(const QString& owner, const QString& at) const
+{
+    return {bus, owner, at};
+}
+
 bool AccessibleObject::operator==(const AccessibleObject& other) const
 {
     return service == other.service && path == other.path;
@@ -210,19 +242,78 @@ std::ostream& operator<<(std::ostream& stream, const AccessibleObject& object)
                   << object.area();
 }
 
-std::vector<AccessibleObject> shownObjects(const AccessibleObject& top)
+namespace {
+
+struct Node {
+    SeenObject seen;
+    std::list<Node> below;
+};
+
+using Level = std::vector<Node*>;
+using Questions = std::vector<QDBusPendingCall>;
+
+Questions askAll(const Level& level, const QString& interface, const QString& method,
+    const QVariantList& arguments = {})
 {
-    std::vector<AccessibleObject> found;
-    if (!top.is(AccessibleState::showing))
-        return found;
-    found.push_back(top);
-    if (top.role() == u"list")
-        return found;
-    for (const auto& child : top.children()) {
-        const auto below = shownObjects(child);
-        found.insert(found.end(), below.begin(), below.end());
+    Questions questions;
+    for (const Node* node : level)
+        questions.push_back(node->seen.object.ask(interface, method, arguments));
+    return questions;
+}
+
+/// Fills the nodes in and returns those that can be seen and may hold others.
+Level look(const Level& level)
+{
+    const auto states = askAll(level, accessibleInterface, QStringLiteral("GetState"));
+    const auto roles = askAll(level, accessibleInterface, QStringLiteral("GetRoleName"));
+    const auto names = askAll(level, propertiesInterface, QStringLiteral("Get"),
+        {accessibleInterface, QStringLiteral("Name")});
+    Level further;
+    for (std::size_t i = 0; i < level.size(); ++i) {
+        SeenObject& seen = level[i]->seen;
+        seen.name = propertyIn(answerTo(names[i])).toString();
+        if (holdsState(answerTo(states[i]), AccessibleState::showing))
+            seen.role = answerTo(roles[i]).value(0).toString();
+        if (!seen.role.isEmpty() && seen.role != u"list")
+            further.push_back(level[i]);
     }
-    return found;
+    return further;
+}
+
+Level descend(const Level& level)
+{
+    const auto questions = askAll(level, accessibleInterface, QStringLiteral("GetChildren"));
+    Level next;
+    for (std::size_t i = 0; i < level.size(); ++i) {
+        for (const auto& [service, path] : readReferences(answerTo(questions[i]))) {
+            const auto child = level[i]->seen.object.sibling(service, path);
+            next.push_back(&level[i]->below.emplace_back(Node{{child, {}, {}}, {}}));
+        }
+    }
+    return next;
+}
+
+/// Without those that cannot be seen: they were told no role.
+void append(std::vector<SeenObject>& all, const Node& node)
+{
+    if (node.seen.role.isEmpty())
+        return;
+    all.push_back(node.seen);
+    for (const Node& child : node.below)
+        append(all, child);
+}
+
+} // namespace
+
+std::vector<SeenObject> seenIn(const AccessibleObject& window)
+{
+    Node top{{window, {}, {}}, {}};
+    // All questions of a level are on their way together: one after the other would take long.
+    for (Level level{&top}; !level.empty();)
+        level = descend(look(level));
+    std::vector<SeenObject> all;
+    append(all, top);
+    return all;
 }
 
 } // namespace sablequill

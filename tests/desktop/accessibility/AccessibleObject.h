@@ -4,6 +4,7 @@
 #include "harness/Geometry.h"
 
 #include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <QString>
 #include <QVariant>
 
@@ -59,6 +60,11 @@ public:
     /// Of a text that can be edited; false when it refuses.
     bool setText(const QString& text) const;
 
+    /// Sends a question of AT-SPI's and does not wait for the answer.
+    QDBusPendingCall ask(
+        const QString& interface, const QString& method, const QVariantList& arguments = {}) const;
+    AccessibleObject sibling(const QString& service, const QString& path) const;
+
     bool operator==(const AccessibleObject& other) const;
 
 private:
@@ -75,8 +81,15 @@ private:
 
 std::ostream& operator<<(std::ostream& stream, const AccessibleObject& object);
 
-/// The objects that can be seen, from the given one down, each before what it holds. Of a list only
-/// itself.
-std::vector<AccessibleObject> shownObjects(const AccessibleObject& top);
+/// What an object said of itself when it was asked.
+struct SeenObject {
+    AccessibleObject object;
+    QString name;
+    QString role;
+};
+
+/// The objects that can be seen in a window, the window first and each before what it holds. Of a
+/// list only itself.
+std::vector<SeenObject> seenIn(const AccessibleObject& window);
 
 } // namespace sablequill

@@ -26,11 +26,11 @@ std::vector<std::string> WindowsTest::command() const
     return AccessibilityBus::reachable(OverlayTest::command());
 }
 
-std::vector<AccessibleObject> WindowsTest::shown() const
+std::vector<SeenObject> WindowsTest::shown() const
 {
-    std::vector<AccessibleObject> all;
+    std::vector<SeenObject> all;
     for (const auto& window : accessibility.windowsOf(program->pid())) {
-        const auto objects = shownObjects(window);
+        const auto objects = seenIn(window);
         all.insert(all.end(), objects.begin(), objects.end());
     }
     return all;
@@ -40,8 +40,8 @@ std::optional<AccessibleObject> WindowsTest::named(const QString& name, const QS
 {
     const auto all = shown();
     const auto found = std::find_if(all.begin(), all.end(),
-        [&](const auto& object) { return object.name() == name && object.role() == role; });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+        [&](const SeenObject& seen) { return seen.name == name && seen.role == role; });
+    return found == all.end() ? std::nullopt : std::optional(found->object);
 }
 
 void WindowsTest::expectShown(const QString& name, const QString& role) const

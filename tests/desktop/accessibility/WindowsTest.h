@@ -30,7 +30,7 @@ protected:
     std::vector<std::string> command() const override;
 
     /// What can be seen in all windows of the program.
-    std::vector<AccessibleObject> shown() const;
+    std::vector<SeenObject> shown() const;
     /// The first one of that name and role that can be seen.
     std::optional<AccessibleObject> named(const QString& name, const QString& role) const;
     bool isShown(const QString& name, const QString& role) const { return !!named(name, role); }
