@@ -35,8 +35,9 @@ public:
     MirkProtection& mirkProtection() { return *shield; }
 
 private:
-    const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(sessionBus());
     XServer server;
+    const std::unique_ptr<CaptureShield> shield =
+        CaptureShield::forSession(isWaylandSession(server), sessionBus());
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;
     X11PanelFactory panels{server, *shield};

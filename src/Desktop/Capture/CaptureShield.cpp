@@ -7,10 +7,11 @@
 
 namespace sablequill {
 
-std::unique_ptr<CaptureShield> CaptureShield::forSession(const std::optional<QDBusConnection>& bus)
+std::unique_ptr<CaptureShield> CaptureShield::forSession(
+    bool isWayland, const std::optional<QDBusConnection>& bus)
 {
     // Every client of a plain X server may read the whole screen.
-    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    if (!isWayland)
         return std::make_unique<NoShield>();
     if (const auto socket = HyprlandShield::socketOfSession())
         return std::make_unique<HyprlandShield>(*socket);

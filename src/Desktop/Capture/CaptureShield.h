@@ -22,7 +22,8 @@ public:
     virtual bool mustWait(WId window) const = 0;
 
     /// For the session that the process is in. `bus` is the session bus, if there is one.
-    static std::unique_ptr<CaptureShield> forSession(const std::optional<QDBusConnection>& bus);
+    static std::unique_ptr<CaptureShield> forSession(
+        bool isWayland, const std::optional<QDBusConnection>& bus);
 
 Q_SIGNALS:
     /// What mustWait() says may have changed.
