@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Overlay.h"
 
-#include "Wait.h"
 #include "Windows.h"
 
 namespace sablequill {
@@ -15,8 +14,6 @@ constexpr int hideButtonInset = 26;
 constexpr int editButtonInset = 60;
 constexpr int previousButtonInset = 25;
 constexpr int newButtonInset = 36;
-
-constexpr Milliseconds steadyTime{150};
 
 } // namespace
 
@@ -63,12 +60,7 @@ Area Overlay::card() const
 
 QImage Overlay::steadyPicture() const
 {
-    QImage picture = captureScreen(x, card());
-    waitUntil([&] {
-        return holdsFor([&] { return captureScreen(x, card()) == picture; }, steadyTime)
-            || (picture = captureScreen(x, card()), false);
-    });
-    return picture;
+    return captureSteadily(x, [this] { return card(); });
 }
 
 Point Overlay::headerBackground() const

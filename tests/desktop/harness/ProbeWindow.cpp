@@ -35,6 +35,14 @@ void acceptInput(const XConnection& x, xcb_window_t window)
         x.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32, 9, hints);
 }
 
+/// ICCCM WM_NORMAL_HINTS with the user's position alone: a stacking window manager leaves it there.
+void insistOnPlace(const XConnection& x, xcb_window_t window)
+{
+    const uint32_t hints[18] = {1};
+    xcb_change_property(x.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NORMAL_HINTS,
+        XCB_ATOM_WM_SIZE_HINTS, 32, 18, hints);
+}
+
 } // namespace
 
 ProbeWindow::ProbeWindow(const std::string& displayName, ProbeDescription probeDescription)
@@ -78,6 +86,8 @@ void ProbeWindow::create()
     acceptInput(x, id);
     if (description.isFullScreen)
         setAtom(x, id, "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN");
+    else
+        insistOnPlace(x, id);
     x.sync();
 }
 

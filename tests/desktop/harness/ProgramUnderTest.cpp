@@ -83,11 +83,11 @@ ProgramUnderTest::~ProgramUnderTest()
     failOnUnexpectedLines();
 }
 
-std::optional<int> ProgramUnderTest::terminate()
+std::optional<int> ProgramUnderTest::terminate(int signal)
 {
     EXPECT_TRUE(isRunning()) << "the program ended by itself";
     mayEnd = true;
-    process.sendSignal(SIGTERM);
+    process.sendSignal(signal);
     return process.waitForExit();
 }
 

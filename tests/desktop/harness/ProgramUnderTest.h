@@ -3,6 +3,7 @@
 
 #include "DesktopSession.h"
 
+#include <csignal>
 #include <cstdint>
 
 namespace sablequill {
@@ -35,14 +36,19 @@ public:
     bool isRunning() { return process.isRunning(); }
     /// Asks it to end as a session does, and returns the wait status as waitpid gives it, or
     /// nothing when it does not end.
-    std::optional<int> terminate();
-    /// For a program that was told to end by its own means: the wait status, or nothing when it
-    /// does not end.
+    std::optional<int> terminate(int signal = SIGTERM);
+    /// The end that the user asked for in the program, or that something else than a signal of ours
+    /// brings: the wait status, or nothing when it does not end.
     std::optional<int> waitForEnd();
     /// Takes its power away, as a crash does.
     void kill();
+    /// Stops it as a heavily loaded machine does, and lets it go on.
+    void pause() { process.sendSignal(SIGSTOP); }
+    void resume() { process.sendSignal(SIGCONT); }
     /// Waits for a line on stderr that contains the text, and takes it as expected.
     bool printsLineWith(const std::string& text);
+    /// Takes lines on stderr that contain the text as expected, should they come.
+    void mayPrintLinesWith(const std::string& text) { expected.push_back(text); }
 
 private:
     void failOnUnexpectedLines() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Screenshot.h"
 
+#include "Wait.h"
+
 #include <cmath>
 #include <stdexcept>
 
@@ -18,6 +20,17 @@ QImage captureScreen(const XConnection& x, Area area)
     return QImage(xcb_get_image_data(reply.get()), area.width, area.height, area.width * 4,
         QImage::Format_RGB32)
         .copy();
+}
+
+QImage captureSteadily(const XConnection& x, const std::function<Area()>& area)
+{
+    constexpr Milliseconds steadyTime{150};
+    QImage picture = captureScreen(x, area());
+    waitUntil([&] {
+        return holdsFor([&] { return captureScreen(x, area()) == picture; }, steadyTime)
+            || (picture = captureScreen(x, area()), false);
+    });
+    return picture;
 }
 
 QColor colorAt(const XConnection& x, Point point)

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QImage>
 
+#include <functional>
 #include <ostream>
 
 namespace sablequill {
@@ -13,6 +14,9 @@ namespace sablequill {
 /// What the screen shows in that area, as a compositor has blended it where one runs. Throws
 /// std::runtime_error when the area is not wholly on the screen.
 QImage captureScreen(const XConnection& x, Area area);
+
+/// The same once it has stopped changing; the area is asked for again each time.
+QImage captureSteadily(const XConnection& x, const std::function<Area()>& area);
 
 QColor colorAt(const XConnection& x, Point point);
 

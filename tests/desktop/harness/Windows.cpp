@@ -54,6 +54,17 @@ std::optional<xcb_window_t> findBelow(
     return std::nullopt;
 }
 
+void collectBelow(const XConnection& x, xcb_window_t window, const WindowIdentity& identity,
+    std::vector<xcb_window_t>& found)
+{
+    const auto node = queryTree(x, window);
+    for (const auto child : node ? node->children : std::vector<xcb_window_t>{}) {
+        if (matches(x, child, identity))
+            found.push_back(child);
+        collectBelow(x, child, identity, found);
+    }
+}
+
 Area unionOf(const xcb_rectangle_t* first, int count)
 {
     int left = first->x, top = first->y, right = left + first->width, bottom = top + first->height;
@@ -71,6 +82,13 @@ Area unionOf(const xcb_rectangle_t* first, int count)
 std::optional<xcb_window_t> findWindow(const XConnection& x, const WindowIdentity& identity)
 {
     return findBelow(x, x.root(), identity);
+}
+
+std::vector<xcb_window_t> findWindows(const XConnection& x, const WindowIdentity& identity)
+{
+    std::vector<xcb_window_t> found;
+    collectBelow(x, x.root(), identity, found);
+    return found;
 }
 
 std::vector<xcb_window_t> stackingOrder(const XConnection& x)

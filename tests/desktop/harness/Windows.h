@@ -18,6 +18,9 @@ struct WindowIdentity {
 /// The first window of that identity anywhere below the root, mapped or not.
 std::optional<xcb_window_t> findWindow(const XConnection& x, const WindowIdentity& identity);
 
+/// All of that identity, in no order that means anything.
+std::vector<xcb_window_t> findWindows(const XConnection& x, const WindowIdentity& identity);
+
 /// The root's children, lowest first.
 std::vector<xcb_window_t> stackingOrder(const XConnection& x);
 /// The root's child that is or holds the window; none for the root itself and for unknown windows.
