@@ -43,7 +43,8 @@ void FocusKeeper::take(xcb_window_t next)
     leave.stop();
     window = next;
     const xcb_window_t focused = server.focusedWindow();
-    if (!server.isOwn(focused))
+    // The Settings window gets it back like one of another program.
+    if (!server.isOwnPanel(focused))
         previous = focused;
     server.setFocus(window);
     isHeld = true;
@@ -101,7 +102,7 @@ xcb_window_t FocusKeeper::successor() const
     if (next && next->winId() != window && next->isVisible())
         return static_cast<xcb_window_t>(next->winId());
     const std::optional<xcb_window_t> active = server.activeWindow();
-    if (active && *active != window && server.isViewable(*active))
+    if (active && !server.isOwnPanel(*active) && server.isViewable(*active))
         return *active;
     if (previous > XCB_INPUT_FOCUS_POINTER_ROOT && server.isViewable(previous))
         return previous;

@@ -111,6 +111,15 @@ bool XServer::isOwn(xcb_window_t window) const
         [&](const QWindow* own) { return own->handle() && own->winId() == window; });
 }
 
+bool XServer::isOwnPanel(xcb_window_t window) const
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    return std::any_of(windows.begin(), windows.end(), [&](const QWindow* own) {
+        return own->handle() && own->winId() == window
+            && own->flags().testFlag(Qt::BypassWindowManagerHint);
+    });
+}
+
 xcb_window_t XServer::windowUnderPointer() const
 {
     const XReply<xcb_query_pointer_reply_t> reply(

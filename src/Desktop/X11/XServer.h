@@ -47,6 +47,8 @@ public:
     bool isViewable(xcb_window_t window) const;
     /// Whether `window` is a top-level window of this program.
     bool isOwn(xcb_window_t window) const;
+    /// Whether that window of this program is none that a window manager knows of.
+    bool isOwnPanel(xcb_window_t window) const;
     /// The child of the root under the pointer, with regard to input shapes; none over the bare
     /// root.
     xcb_window_t windowUnderPointer() const;

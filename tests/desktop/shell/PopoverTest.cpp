@@ -249,6 +249,20 @@ TEST_P(PopoverTest, settings_byKeysTwice_opensTheWindowAgain)
     expectSettings();
 }
 
+TEST_P(PopoverTest, settings_overlayTakesTheKeyboardAndHides_haveItAgain)
+{
+    open();
+    choose(PopoverAction::settings);
+    ASSERT_TRUE(runUntil([this] { return settingsWindow().has_value(); }));
+    const xcb_window_t window = *settingsWindow();
+    ASSERT_TRUE(runUntil([&] { return isClosed() && hasKeyboard(x, window); }));
+    keyboard.chord({KeyCode::leftSuper, KeyCode::leftShift}, KeyCode::o);
+    ASSERT_TRUE(runUntil([this] { return overlay.hasKeyboard(); }));
+    keyboard.chord({KeyCode::leftSuper, KeyCode::leftShift}, KeyCode::g);
+    ASSERT_TRUE(runUntil([this] { return !overlay.isShown(); }));
+    EXPECT_TRUE(runUntil([&] { return hasKeyboard(x, window); }));
+}
+
 TEST_P(PopoverTest, quit_byMouse_ends)
 {
     open();

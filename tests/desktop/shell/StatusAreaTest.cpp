@@ -112,12 +112,16 @@ TEST_F(StatusAreaTest, host_comesLater_takesTheIcon)
 
 TEST_F(StatusAreaTest, host_restarts_getsTheItemAgain)
 {
+    startStatusArea();
     startHost();
-    startProgram();
+    program = std::make_unique<ProgramUnderTest>(
+        std::vector<std::string>{SABLEQUILL_BINARY}, session, user);
     for (int round = 0; round < 3; ++round) {
         ASSERT_TRUE(isRegistered());
         host.reset();
+        ASSERT_TRUE(isIconShown());
         startHost();
+        ASSERT_TRUE(runUntil([this] { return !icon(); }));
     }
     ASSERT_TRUE(isRegistered());
     leavePopover();
