@@ -18,6 +18,7 @@ FocusKeeper::FocusKeeper(const XServer& server, PressWatch& presses)
     : server(server)
     , presses(presses)
     , wmState(server.atom("WM_STATE"))
+    , supportingWmCheck(server.atom("_NET_SUPPORTING_WM_CHECK"))
 {
     QObject::connect(
         &presses, &PressWatch::pressedElsewhere, &leave, [this] { reactToPressElsewhere(); });
@@ -54,12 +55,13 @@ void FocusKeeper::take(xcb_window_t next)
 void FocusKeeper::giveBack()
 {
     leave.stop();
-    isHeld = false;
+    const bool wasHeld = std::exchange(isHeld, false);
     listenToPresses();
-    if (!hasFocus())
-        return;
-    server.setFocus(successor());
-    verify.start();
+    isTakenAway = !hasFocus();
+    if (!isTakenAway)
+        server.setFocus(successor());
+    if (wasHeld || !isTakenAway)
+        verify.start();
 }
 
 bool FocusKeeper::hasFocus() const
@@ -109,11 +111,21 @@ xcb_window_t FocusKeeper::successor() const
     return XCB_INPUT_FOCUS_POINTER_ROOT;
 }
 
+bool FocusKeeper::isParked(xcb_window_t focused) const
+{
+    return focused <= XCB_INPUT_FOCUS_POINTER_ROOT || focused == server.root
+        || focused == server.windowProperty(server.root, supportingWmCheck);
+}
+
 void FocusKeeper::verifySuccession()
 {
     const xcb_window_t focused = server.focusedWindow();
     const xcb_window_t heir = successor();
     if (focused == heir || server.isInside(focused, heir))
+        return;
+    // i3 parks the keyboard on its own window when the server refuses what it asks for, since it
+    // says an earlier time than the panel did. Whoever else has taken it keeps it.
+    if (isTakenAway && !isParked(focused))
         return;
     for (xcb_window_t at = focused; at > XCB_INPUT_FOCUS_POINTER_ROOT; at = server.parent(at)) {
         if (server.isOwn(at) || server.hasProperty(at, wmState))

@@ -38,14 +38,19 @@ private:
     void reactToPressElsewhere();
     void listenToPresses();
     xcb_window_t successor() const;
+    /// Whether nobody can type into what has the focus.
+    bool isParked(xcb_window_t focused) const;
     void verifySuccession();
 
     const XServer& server;
     PressWatch& presses;
     const xcb_atom_t wmState;
+    const xcb_atom_t supportingWmCheck;
     xcb_window_t window = noWindow;
     xcb_window_t previous = noWindow;
     bool isHeld = false;
+    /// The focus was elsewhere already when it was to be given back.
+    bool isTakenAway = false;
     bool isWatching = false;
     bool isListening = false;
     QTimer leave;
