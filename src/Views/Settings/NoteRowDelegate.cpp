@@ -66,11 +66,12 @@ void NoteRowDelegate::paint(
         ink(InkRole::divider));
 }
 
-QSize NoteRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
+QSize NoteRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
 {
     const int lines = QFontMetrics(font(titleStyle)).height() + lineSpacing
         + QFontMetrics(font(TextStyles::caption)).height();
-    return {option.rect.width(), lines + 2 * verticalPadding + 1};
+    // As wide as the list is, whatever its width was when a row was first asked for.
+    return {0, lines + 2 * verticalPadding + 1};
 }
 
 } // namespace sablequill
