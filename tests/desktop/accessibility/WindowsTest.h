@@ -11,7 +11,6 @@ namespace Role {
 inline const QString button = QStringLiteral("push button");
 inline const QString label = QStringLiteral("label");
 inline const QString list = QStringLiteral("list");
-inline const QString menuItem = QStringLiteral("menu item");
 inline const QString row = QStringLiteral("list item");
 inline const QString slider = QStringLiteral("slider");
 inline const QString toggle = QStringLiteral("check box");

@@ -3,11 +3,16 @@
 
 #include <xcb/xtest.h>
 
+#include <cstdlib>
+
 namespace sablequill {
 
 namespace {
 
 constexpr uint8_t leftButton = 1;
+constexpr uint8_t rightButton = 3;
+constexpr uint8_t wheelAway = 4;
+constexpr uint8_t wheelTowards = 5;
 constexpr int dragSteps = 8;
 
 } // namespace
@@ -55,6 +60,25 @@ void Mouse::click(Point point)
     moveTo(point);
     press();
     release();
+}
+
+void Mouse::clickForMenu(Point point)
+{
+    moveTo(point);
+    send(XCB_BUTTON_PRESS, rightButton, {});
+    send(XCB_BUTTON_RELEASE, rightButton, {});
+    x.sync();
+}
+
+void Mouse::turnWheel(Point point, int notches)
+{
+    moveTo(point);
+    const uint8_t button = notches > 0 ? wheelAway : wheelTowards;
+    for (int notch = std::abs(notches); notch > 0; --notch) {
+        send(XCB_BUTTON_PRESS, button, {});
+        send(XCB_BUTTON_RELEASE, button, {});
+    }
+    x.sync();
 }
 
 void Mouse::dragAndHold(Point from, Point to)

@@ -19,6 +19,10 @@ public:
     void press();
     void release();
     void click(Point point);
+    /// With the right button.
+    void clickForMenu(Point point);
+    /// Turns the wheel at that place: away from the hand by a positive number of notches.
+    void turnWheel(Point point, int notches);
     /// Moves to one point, presses, moves to the other in steps as a hand does, and keeps holding.
     void dragAndHold(Point from, Point to);
     void drag(Point from, Point to);
