@@ -6,6 +6,7 @@
 #include "ScopedVariable.h"
 
 #include <QCoreApplication>
+#include <QWidget>
 #include <QWindow>
 
 #include <filesystem>
@@ -132,6 +133,18 @@ TEST_F(HyprlandShieldTest, windowShown_mirkModeOn_waitsUntilItIsHidden)
     EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
     EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
+}
+
+TEST_F(HyprlandShieldTest, widgetShown_mirkModeOn_isHiddenLikeAnyWindow)
+{
+    HyprlandShield shield(path, patient);
+    shield.setWanted(true);
+    QWidget widget;
+    widget.show();
+    EXPECT_TRUE(shield.mustWait(widget.effectiveWinId()));
+    hyprland.windows.push_back({first, ownPid()});
+    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(widget.effectiveWinId()); }));
+    EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
 TEST_F(HyprlandShieldTest, windowShown_compositorHasItLater_waitsForThat)
