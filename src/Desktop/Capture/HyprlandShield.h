@@ -18,8 +18,9 @@ public:
     struct Times {
         /// How long a window waits to be hidden.
         std::chrono::milliseconds patience{1000};
-        /// How long one request may take.
-        std::chrono::milliseconds answer{1000};
+        /// How long one request may take: a compositor that draws slowly answers between two
+        /// frames, long after anybody's patience.
+        std::chrono::milliseconds answer{10000};
         /// Until the compositor is asked again; twice as long each further time.
         std::chrono::milliseconds retry{25};
     };
