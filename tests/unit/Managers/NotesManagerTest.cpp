@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "FileSizeLimit.h"
 #include "NotesFixture.h"
 
 #include <filesystem>
@@ -298,12 +299,15 @@ TEST_F(NotesManagerTest, selection_isNeverSaved)
 TEST_F(NotesManagerTest, savesFail_memoryKeepsEveryChange)
 {
     start(2);
-    fs::remove_all(home.folder());
-    manager->updateContent(note(0).id, u"edited"_s);
-    manager->createNote();
-    manager->deleteNote(note(2));
+    const QByteArray before = bytesOf(home.notes());
+    {
+        const FileSizeLimit limit(1);
+        manager->updateContent(note(0).id, u"edited"_s);
+        manager->createNote();
+        manager->deleteNote(note(2));
+    }
     EXPECT_EQ(titles(), (Titles{u"New Note"_s, u"edited"_s}));
-    EXPECT_FALSE(fs::exists(home.folder()));
+    EXPECT_EQ(bytesOf(home.notes()), before);
 }
 
 } // namespace
