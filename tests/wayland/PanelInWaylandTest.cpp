@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 namespace sablequill {
@@ -56,7 +58,20 @@ protected:
         ASSERT_TRUE(waitUntil([&] { return clientGot("focus in") > clientGot("focus out"); }))
             << client->output();
         expectTypingReachesClient();
+        startPortal();
         startProgram();
+    }
+
+    /// The session has none of its own.
+    void startPortal()
+    {
+        const std::string orders = user.path() / "orders";
+        ASSERT_EQ(mkfifo(orders.c_str(), S_IRUSR | S_IWUSR), 0);
+        // Open for reading too: that waits for nobody.
+        portalInput.open(orders);
+        portal = std::make_unique<ChildProcess>(
+            ChildProcessDescription{{"sh", "-c", "exec '" PORTAL_STUB "' <'" + orders + "'"},
+                session.environment(user), user.path() / "portal.log"});
     }
 
     void startProgram()
@@ -95,6 +110,32 @@ protected:
         ASSERT_TRUE(status);
         EXPECT_TRUE(WIFEXITED(*status));
         program.reset();
+    }
+
+    /// Lets the desktop's portal report the keys of an action as pressed.
+    void pressKeysOf(const std::string& action)
+    {
+        const std::string done = "activated " + action + '\n';
+        const auto isHeld = [&] { return portalPrinted(action + '='); };
+        ASSERT_TRUE(waitUntil(isHeld)) << portal->output();
+        portalInput << "activate " << action << std::endl;
+        EXPECT_TRUE(waitUntil([&] { return portalPrinted(done); })) << portal->output();
+    }
+
+    bool portalPrinted(const std::string& text) const
+    {
+        return portal->output().find(text) != std::string::npos;
+    }
+
+    void quickOpen()
+    {
+        pressKeysOf("quickOpen");
+        ASSERT_TRUE(waitUntil([&] { return overlay.hasKeyboard(); }));
+    }
+
+    QString savedContent() const
+    {
+        return user.readNotes().value_or(QJsonArray())[0].toObject()[u"content"].toString();
     }
 
     /// Shows the popover, as a second start of the program does.
@@ -175,7 +216,9 @@ protected:
     PrivateHome user;
     XConnection x{session.displayName()};
     Overlay overlay{x};
+    std::fstream portalInput;
     std::unique_ptr<ChildProcess> client;
+    std::unique_ptr<ChildProcess> portal;
     std::unique_ptr<ProgramUnderTest> program;
 };
 
@@ -220,6 +263,43 @@ TEST_P(PanelInWaylandTest, secondStart_clientFocused_popoverTakesTheKeyboard)
         return !popoverIsShown();
     })) << "by no click, and no key";
     expectTypingReachesClient();
+}
+
+TEST_P(PanelInWaylandTest, quickOpen_clientFocused_takesTheKeyboardIntoTheEditor)
+{
+    quickOpen();
+    session.input().tap(EvdevKey::a);
+    EXPECT_TRUE(waitUntil([&] { return savedContent().contains(u'a'); }));
+    EXPECT_EQ(clientGot("key " + std::to_string(EvdevKey::a)), 0);
+}
+
+TEST_P(PanelInWaylandTest, toggle_afterQuickOpen_givesTheKeyboardBack)
+{
+    quickOpen();
+    pressKeysOf("toggleOverlay");
+    ASSERT_TRUE(waitUntil([&] { return !overlay.isShown(); }));
+    expectTypingReachesClient();
+}
+
+TEST_P(PanelInWaylandTest, click_elsewhereAfterQuickOpen_givesTheKeyboardBack)
+{
+    quickOpen();
+    clickClient();
+    expectTypingReachesClient();
+    EXPECT_FALSE(overlay.hasKeyboard());
+}
+
+TEST_P(PanelInWaylandTest, toggle_twice_liesAboveAgainWithoutTheKeyboard)
+{
+    pressKeysOf("toggleOverlay");
+    ASSERT_TRUE(waitUntil([&] { return !overlay.isShown(); }));
+    session.input().moveTo(elsewhere);
+    pressKeysOf("toggleOverlay");
+    ASSERT_TRUE(waitUntil([&] { return overlay.isShown(); }));
+    EXPECT_EQ(overlay.card(), savedCard);
+    expectTypingReachesClient();
+    expectPointerReachesOverlay(overlay.contentBackground());
+    expectClickStaysOffClient(overlay.contentBackground());
 }
 
 TEST_P(PanelInWaylandTest, drag_backgroundAndCorner_moveAndResize)
