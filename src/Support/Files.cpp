@@ -60,7 +60,8 @@ std::optional<QByteArray> read(const fs::path& file)
     const FileDescriptor source(
         uninterrupted([&] { return ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
     struct stat status = {};
-    if (!source.isOpen() || ::fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (!source.isOpen() || ::fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode)
+        || status.st_size > largestFile)
         return {};
     QByteArray bytes(static_cast<qsizetype>(status.st_size), Qt::Uninitialized);
     qsizetype size = 0;

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -16,7 +17,11 @@ namespace sablequill::Files {
 /// is certain that there is nothing.
 bool exists(const std::filesystem::path& path);
 
-/// All bytes of a regular file; nothing on any error, and for anything that is not a regular file.
+/// Bytes; what is larger is not read, since there may be no memory for it.
+inline constexpr std::int64_t largestFile = std::int64_t{1} << 30;
+
+/// All bytes of a regular file; nothing on any error, for a file larger than `largestFile`, and for
+/// anything that is not a regular file.
 std::optional<QByteArray> read(const std::filesystem::path& file);
 
 /// Writes the chunks one after the other; false when not all of them arrived.

@@ -68,6 +68,13 @@ TEST_F(FilesTest, read_notARegularFile_nothing)
     EXPECT_FALSE(Files::read(file));
 }
 
+TEST_F(FilesTest, read_largerThanTheLargestFile_nothing)
+{
+    writeFile(file, {});
+    fs::resize_file(file, Files::largestFile + 1);
+    EXPECT_FALSE(Files::read(file));
+}
+
 TEST_F(FilesTest, write_moreChunksThanOneCallTakes_allInOrder)
 {
     std::vector<QByteArray> pieces;
