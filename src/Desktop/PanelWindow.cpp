@@ -80,7 +80,9 @@ QRect PanelWindow::card() const
 
 void PanelWindow::setCard(const QRect& next)
 {
-    setGeometry(next.marginsAdded(margins));
+    // Without extent it could not be shown.
+    const QRect card(next.topLeft(), next.size().expandedTo({1, 1}));
+    setGeometry(card.marginsAdded(margins));
     reportChange();
 }
 

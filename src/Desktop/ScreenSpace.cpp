@@ -10,6 +10,15 @@
 namespace sablequill::ScreenSpace {
 namespace {
 
+/// A display server has 16 bits for a place and for a length, and pictures of a window in memory.
+constexpr double farthest = 16'000;
+constexpr double longest = 10'000;
+
+int wholeNumber(double value, double least, double most)
+{
+    return static_cast<int>(std::lround(std::clamp(value, least, most)));
+}
+
 /// The toolkit's coordinates of the point (0, 0).
 QPoint origin()
 {
@@ -58,10 +67,10 @@ std::optional<QPoint> toolkitPoint(const QScreen& screen, const QPoint& pixel, d
 QRect toToolkit(const Rect& rect)
 {
     const QPoint zero = origin();
-    const int width = static_cast<int>(std::lround(rect.width));
-    const int height = static_cast<int>(std::lround(rect.height));
-    return {zero.x() + static_cast<int>(std::lround(rect.x)),
-        zero.y() - static_cast<int>(std::lround(rect.y)) - height, width, height};
+    const int width = wholeNumber(rect.width, 0, longest);
+    const int height = wholeNumber(rect.height, 0, longest);
+    return {zero.x() + wholeNumber(rect.x, -farthest, farthest),
+        zero.y() - wholeNumber(rect.y, -farthest, farthest) - height, width, height};
 }
 
 Rect fromToolkit(const QRect& rect)

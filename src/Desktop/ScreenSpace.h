@@ -13,6 +13,8 @@
 /// virtual desktop, y down) meet. Without a screen the two differ by the sign of y alone.
 namespace sablequill::ScreenSpace {
 
+/// Places beyond 16,000 points and lengths beyond 10,000, which no display server can show, are
+/// taken for these; negative lengths for none.
 QRect toToolkit(const Rect& rect);
 Rect fromToolkit(const QRect& rect);
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace sablequill {
 namespace {
 
@@ -24,6 +26,18 @@ TEST(ScreenSpaceTest, screens_ofTheConfiguration_areScaled)
     EXPECT_EQ(geometryOf(QStringLiteral("plain")), QRect(0, 0, 1920, 1080));
     EXPECT_EQ(geometryOf(QStringLiteral("double")), QRect(1920, 0, 1920, 1080));
     EXPECT_EQ(geometryOf(QStringLiteral("fractional")), QRect(5760, 200, 400, 320));
+}
+
+TEST(ScreenSpaceTest, toToolkit_beyondReason_isWhatAServerCanShow)
+{
+    constexpr double most = std::numeric_limits<double>::max();
+    const QPoint zero = ScreenSpace::toToolkit({0, 0, 0, 0}).topLeft();
+    EXPECT_EQ(ScreenSpace::toToolkit({most, most, most, most}),
+        QRect(zero + QPoint(16'000, -26'000), QSize(10'000, 10'000)));
+    EXPECT_EQ(ScreenSpace::toToolkit({-most, -most, -most, -5}),
+        QRect(zero + QPoint(-16'000, 16'000), QSize(0, 0)));
+    EXPECT_EQ(ScreenSpace::toToolkit({-5000, -5000, 100, 50}),
+        QRect(zero + QPoint(-5000, 4950), QSize(100, 50)));
 }
 
 struct PixelRow {
