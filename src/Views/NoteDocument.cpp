@@ -8,8 +8,6 @@
 #include <QTextOption>
 #include <QUrl>
 
-#include <cmath>
-
 namespace sablequill {
 namespace {
 
@@ -18,7 +16,7 @@ constexpr qsizetype longestToolTip = 200;
 
 void setFont(QTextCharFormat& format, const RunFont& runFont)
 {
-    format.setProperty(QTextFormat::FontPixelSize, static_cast<int>(std::lround(runFont.size)));
+    format.setProperty(QTextFormat::FontPixelSize, pixelSize(runFont.size));
     format.setFontWeight(static_cast<int>(runFont.weight));
 }
 

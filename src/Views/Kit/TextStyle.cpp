@@ -12,13 +12,18 @@ namespace {
 
 QFont styled(QFont font, TextStyle style)
 {
-    // A point of ours is a device-independent pixel, whatever the screen's resolution.
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.size))));
+    font.setPixelSize(pixelSize(style.size));
     font.setWeight(style.weight);
     return font;
 }
 
 } // namespace
+
+int pixelSize(double points)
+{
+    // A point of ours is a device-independent pixel, whatever the screen's resolution.
+    return static_cast<int>(std::lround(std::clamp(points, 1.0, largestTextSize)));
+}
 
 QFont font(TextStyle style)
 {

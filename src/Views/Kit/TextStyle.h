@@ -29,6 +29,12 @@ inline constexpr TextStyle caption{10};
 inline constexpr TextStyle caption2{10, QFont::Medium};
 } // namespace TextStyles
 
+/// Points; a letter of that size fills a screen.
+inline constexpr double largestTextSize = 2000;
+
+/// Of a font of that many points: at least 1, at most `largestTextSize`.
+int pixelSize(double points);
+
 QFont font(TextStyle style);
 /// The system's fixed-pitch family.
 QFont monospacedFont(TextStyle style);

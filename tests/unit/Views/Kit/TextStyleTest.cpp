@@ -19,6 +19,13 @@ struct StyleRow {
     int weight;
 };
 
+TEST(TextStyle, pixelSize_sizesBeyondReason_areThoseOfALetter)
+{
+    for (const auto& [points, pixels] : std::initializer_list<std::pair<double, int>>{
+             {16, 16}, {16.5, 17}, {0, 1}, {-20, 1}, {1e308, 2000}, {-1e308, 1}})
+        EXPECT_EQ(pixelSize(points), pixels) << points;
+}
+
 TEST(TextStyle, font_everyStyle_hasItsSizeAndWeight)
 {
     for (const StyleRow& row : std::initializer_list<StyleRow>{
