@@ -46,7 +46,7 @@ void OverlayTest::startProgram()
 {
     // The server takes the windows of a program away some time after it has ended.
     ASSERT_TRUE(waitUntil([this] { return !overlay.isShown(); }));
-    program = std::make_unique<ProgramUnderTest>(command(), session, user);
+    program = std::make_unique<ProgramUnderTest>(command(), environment(), user);
     ASSERT_TRUE(waitUntil([this] { return overlay.isShown() || !program->isRunning(); }));
     ASSERT_TRUE(program->isRunning());
     const Point inside = overlay.contentBackground();

@@ -36,6 +36,8 @@ protected:
 
     /// Puts the three notes into the user's file.
     void writeNotes();
+    /// What the program is started with.
+    virtual Environment environment() const { return session.environment(user); }
     /// Returns when the overlay is shown; fails the test when it does not come.
     void startProgram();
     /// Ends it by SIGTERM and fails the test when that is no clean end.
