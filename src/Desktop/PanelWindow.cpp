@@ -66,9 +66,10 @@ void PanelWindow::setComposited(bool next)
 {
     const QRect kept = card();
     isComposited = next;
-    margins = content && isComposited ? content->shadowReach() : QMargins();
+    // The content has a shadow once it knows of the compositor.
     if (content)
         content->setComposited(isComposited);
+    margins = content && isComposited ? content->shadowReach() : QMargins();
     setCard(kept);
     layOut();
 }

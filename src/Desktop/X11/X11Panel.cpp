@@ -72,6 +72,18 @@ void X11Panel::connectWindow()
     });
     keeper->onPressElsewhere = [this] { loseAttention(); };
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11Panel::followFocus);
+    followScreens();
+}
+
+void X11Panel::followScreens()
+{
+    const auto follow = [this](const QScreen* screen) {
+        connect(screen, &QScreen::geometryChanged, this, &X11Panel::moveOntoScreen,
+            Qt::QueuedConnection);
+    };
+    for (const QScreen* screen : QGuiApplication::screens())
+        follow(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::moveOntoScreen,
         Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Panel::moveOntoScreen,

@@ -44,6 +44,7 @@ public:
 
 private:
     void connectWindow();
+    void followScreens();
     void applyAlpha(double value);
     void writeAlpha();
     void applyInputShape();
