@@ -127,6 +127,10 @@ void FocusKeeper::verifySuccession()
     // says an earlier time than the panel did. Whoever else has taken it keeps it.
     if (isTakenAway && !isParked(focused))
         return;
+    // Whoever has it now has a better right to it than nobody: without a window manager no window
+    // has a state.
+    if (heir == XCB_INPUT_FOCUS_POINTER_ROOT && focused > XCB_INPUT_FOCUS_POINTER_ROOT)
+        return;
     for (xcb_window_t at = focused; at > XCB_INPUT_FOCUS_POINTER_ROOT; at = server.parent(at)) {
         if (server.isOwn(at) || server.hasProperty(at, wmState))
             return;

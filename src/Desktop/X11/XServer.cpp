@@ -129,6 +129,11 @@ xcb_window_t XServer::windowUnderPointer() const
 
 std::optional<xcb_window_t> XServer::activeWindow() const
 {
+    // The manager's own window ends with it; what it said about others stays on the root.
+    const xcb_atom_t check = atom("_NET_SUPPORTING_WM_CHECK");
+    const std::optional<xcb_window_t> manager = windowProperty(root, check);
+    if (!manager || windowProperty(*manager, check) != manager)
+        return std::nullopt;
     return windowProperty(root, atom("_NET_ACTIVE_WINDOW"));
 }
 

@@ -52,7 +52,7 @@ public:
     /// The child of the root under the pointer, with regard to input shapes; none over the bare
     /// root.
     xcb_window_t windowUnderPointer() const;
-    /// The window that the window manager calls active, if it names one.
+    /// The window that the window manager calls active, if there is a manager and it names one.
     std::optional<xcb_window_t> activeWindow() const;
     xcb_window_t focusedWindow() const;
     void setFocus(xcb_window_t window) const;
