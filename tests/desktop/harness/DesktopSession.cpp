@@ -45,6 +45,18 @@ void DesktopSession::dropShared()
     sharedSession().reset();
 }
 
+void DesktopSession::killDisplay()
+{
+    spend();
+    display.kill();
+}
+
+void DesktopSession::killBus()
+{
+    spend();
+    bus.kill();
+}
+
 Environment DesktopSession::environment(const PrivateHome& user) const
 {
     auto environment = user.environment();

@@ -22,6 +22,10 @@ public:
     /// shared() starts a new one.
     void spend() { isSpent = true; }
 
+    /// The session is spent by either.
+    void killDisplay();
+    void killBus();
+
     WindowManagerSetup setup() const { return managerSetup; }
     std::string displayName() const { return display.name(); }
     /// What a program of the given user is started with in this session.

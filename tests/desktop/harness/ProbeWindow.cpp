@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ProbeWindow.h"
 
+#include "Readiness.h"
 #include "Wait.h"
 #include "Windows.h"
 
@@ -48,7 +49,7 @@ void insistOnPlace(const XConnection& x, xcb_window_t window)
 ProbeWindow::ProbeWindow(const std::string& displayName, ProbeDescription probeDescription)
     : x(displayName)
     , description(std::move(probeDescription))
-    , isManaged(!x.property(x.root(), "_NET_SUPPORTING_WM_CHECK").empty())
+    , isManaged(isManagerAnnounced(x))
 {
     if (description.isFullScreen)
         description.area = x.screenArea();
@@ -62,8 +63,11 @@ ProbeWindow::~ProbeWindow()
     // Else the next client gets the number of this one and its window the same name; what a window
     // manager still does about this window would then hit that one (i3 takes its state away).
     xcb_set_close_down_mode(x.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
+    xcb_flush(x.get());
+    if (xcb_connection_has_error(x.get()) != 0)
+        return;
     // A window manager that has not let go of it yet may treat the next window in its light.
-    waitUntil([this] { return !isInClientList(); });
+    waitUntil([this] { return !isManagerAnnounced(x) || !isInClientList(); });
 }
 
 bool ProbeWindow::isInClientList() const

@@ -49,18 +49,18 @@ private:
     const xcb_window_t id;
 };
 
+} // namespace
+
 /// EWMH: the root names a window that names itself, once a window manager is at work.
-bool isAnnounced(const XConnection& x)
+bool isManagerAnnounced(const XConnection& x)
 {
     const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
     return check.size() == 1 && x.property(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
 }
 
-} // namespace
-
 bool waitUntilManaged(const XConnection& x)
 {
-    if (!waitUntil([&] { return isAnnounced(x); }))
+    if (!waitUntil([&] { return isManagerAnnounced(x); }))
         return false;
     {
         // openbox says that it is there before it listens, and loses the first request.

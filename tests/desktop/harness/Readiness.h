@@ -5,6 +5,9 @@
 
 namespace sablequill {
 
+/// Whether a window manager says that it is there; what one that was killed has left says nothing.
+bool isManagerAnnounced(const XConnection& x);
+
 /// Waits until a window manager takes windows on; false when that does not happen.
 bool waitUntilManaged(const XConnection& x);
 

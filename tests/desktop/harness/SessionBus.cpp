@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SessionBus.h"
 
+#include <csignal>
 #include <cstring>
 #include <fstream>
 #include <stdexcept>
@@ -51,6 +52,12 @@ SessionBus::SessionBus(const PrivateHome& home, const Environment& environment)
 {
     if (!waitUntil([&] { return takesConnections(socketPath(home)); }))
         throw std::runtime_error("no session bus came up: " + daemon.output());
+}
+
+void SessionBus::kill()
+{
+    daemon.sendSignal(SIGKILL);
+    daemon.waitForExit();
 }
 
 std::string SessionBus::addressIn(const PrivateHome& home)

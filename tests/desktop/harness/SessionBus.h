@@ -15,6 +15,9 @@ public:
     /// Returns when the bus listens. Throws std::runtime_error when it does not come up.
     SessionBus(const PrivateHome& home, const Environment& environment);
 
+    /// As when it crashes; returns when it is gone.
+    void kill();
+
     /// As in DBUS_SESSION_BUS_ADDRESS, also before the bus is there.
     static std::string addressIn(const PrivateHome& home);
 

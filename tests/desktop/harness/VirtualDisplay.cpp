@@ -3,6 +3,7 @@
 
 #include "XConnection.h"
 
+#include <csignal>
 #include <random>
 #include <stdexcept>
 
@@ -36,6 +37,12 @@ VirtualDisplay::VirtualDisplay(const PrivateHome& home, ScreenSize size)
             return;
     }
     throw std::runtime_error("no virtual display came up");
+}
+
+void VirtualDisplay::kill()
+{
+    server->sendSignal(SIGKILL);
+    server->waitForExit();
 }
 
 bool VirtualDisplay::start(const PrivateHome& home, ScreenSize size, int number)

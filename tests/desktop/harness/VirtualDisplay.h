@@ -24,6 +24,8 @@ public:
     /// As in DISPLAY.
     std::string name() const { return displayName; }
     bool isRunning() { return server->isRunning(); }
+    /// As when it crashes; returns when it is gone.
+    void kill();
 
 private:
     bool start(const PrivateHome& home, ScreenSize size, int number);
