@@ -75,7 +75,6 @@ TEST_P(BadFilesProgramTest, start_valuesBeyondReason_showsAndGoesOn)
         {u"overlayFrame"_s, frame(most, -most, 420, 280)},
         {u"overlayFrame"_s, frame(-1e9, 1e9, 420, 280)},
         {u"overlayFrame"_s, frame(0, 0, most, most)},
-        {u"overlayFrame"_s, frame(0, 0, 1e6, 1e6)},
         {u"overlayFrame"_s, frame(100, 100, 0, -5)},
     };
     const QByteArray notes = notesBytes();

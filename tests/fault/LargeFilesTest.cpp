@@ -13,7 +13,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr qsizetype megabyte = 1'000'000;
-/// tools/kill.sh and whoever wants to know asks for more.
+/// tools/faults.sh asks for more.
 constexpr const char* sizeVariable = "SABLEQUILL_FAULT_MEGABYTES";
 constexpr int everydayMegabytes = 10;
 
