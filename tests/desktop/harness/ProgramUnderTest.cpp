@@ -9,7 +9,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace sablequill {
@@ -103,14 +102,6 @@ void ProgramUnderTest::kill()
     mayEnd = true;
     process.sendSignal(SIGKILL);
     process.waitForExit();
-}
-
-bool ProgramUnderTest::endsByItself(const std::string& reason)
-{
-    mayEnd = true;
-    expected.push_back(reason);
-    const auto status = process.waitForExit();
-    return status && WIFEXITED(*status);
 }
 
 bool ProgramUnderTest::printsLineWith(const std::string& text)

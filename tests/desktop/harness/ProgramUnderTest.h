@@ -45,9 +45,6 @@ public:
     /// Stops it as a heavily loaded machine does, and lets it go on.
     void pause() { process.sendSignal(SIGSTOP); }
     void resume() { process.sendSignal(SIGCONT); }
-    /// Waits for it to end by itself, for a reason that it is given, and takes what it says about
-    /// that as expected. False when it does not end, or is ended by a signal.
-    bool endsByItself(const std::string& reason);
     /// Waits for a line on stderr that contains the text, and takes it as expected.
     bool printsLineWith(const std::string& text);
     /// Takes lines on stderr that contain the text as expected, should they come.
