@@ -124,12 +124,10 @@ void FocusKeeper::verifySuccession()
     if (focused == heir || server.isInside(focused, heir))
         return;
     // i3 parks the keyboard on its own window when the server refuses what it asks for, since it
-    // says an earlier time than the panel did. Whoever else has taken it keeps it.
-    if (isTakenAway && !isParked(focused))
-        return;
-    // Whoever has it now has a better right to it than nobody: without a window manager no window
-    // has a state.
-    if (heir == XCB_INPUT_FOCUS_POINTER_ROOT && focused > XCB_INPUT_FOCUS_POINTER_ROOT)
+    // says an earlier time than the panel did. Whoever else has taken it keeps it; so does, when
+    // there is no heir, a window that no manager has given a state.
+    const bool isInherited = heir > XCB_INPUT_FOCUS_POINTER_ROOT;
+    if ((isTakenAway || !isInherited) && !isParked(focused))
         return;
     for (xcb_window_t at = focused; at > XCB_INPUT_FOCUS_POINTER_ROOT; at = server.parent(at)) {
         if (server.isOwn(at) || server.hasProperty(at, wmState))
