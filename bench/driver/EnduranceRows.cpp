@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "ProcessNumbers.h"
+#include "Rows.h"
+
+#include <xcb/res.h>
+
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+
+namespace sablequill {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr xcb_keycode_t letterM = 58;
+constexpr int notCounted = 1000;
+
+/// What a program holds at one moment.
+struct Holdings {
+    double memory = 0; ///< MB
+    std::int64_t resources = 0; ///< Of the X server, all kinds.
+    std::int64_t pixmapBytes = 0;
+    int files = 0;
+};
+
+std::int64_t resourcesOf(const XConnection& x, xcb_window_t window)
+{
+    const XOwned<xcb_res_query_client_resources_reply_t> reply(xcb_res_query_client_resources_reply(
+        x.get(), xcb_res_query_client_resources(x.get(), window), nullptr));
+    if (!reply)
+        throw std::runtime_error("the X server does not count resources");
+    const xcb_res_type_t* types = xcb_res_query_client_resources_types(reply.get());
+    std::int64_t sum = 0;
+    for (int type = 0; type < xcb_res_query_client_resources_types_length(reply.get()); ++type)
+        sum += types[type].count;
+    return sum;
+}
+
+std::int64_t pixmapBytesOf(const XConnection& x, xcb_window_t window)
+{
+    const XOwned<xcb_res_query_client_pixmap_bytes_reply_t> reply(
+        xcb_res_query_client_pixmap_bytes_reply(
+            x.get(), xcb_res_query_client_pixmap_bytes(x.get(), window), nullptr));
+    if (!reply)
+        throw std::runtime_error("the X server does not count pixmaps");
+    return (std::int64_t{reply->bytes_overflow} << 32) + reply->bytes;
+}
+
+/// The program under a long series of the same action.
+class Trial {
+public:
+    Trial(Stage& stage, Table& table);
+    ~Trial() { stage.end(std::move(program)); }
+    Trial(const Trial&) = delete;
+    Trial& operator=(const Trial&) = delete;
+
+    /// Does it so many times, in blocks after each of which the program is at rest, and compares
+    /// what it holds at the end with what it held after the first thousand.
+    void repeat(const std::string& what, int times, const std::function<void(int)>& action);
+    void shortcut(xcb_keycode_t key);
+    void edit();
+
+private:
+    Holdings holdings() const;
+    void rest() const;
+
+    Stage& stage;
+    Table& table;
+    PrivateHome user;
+    std::unique_ptr<ChildProcess> program;
+};
+
+Trial::Trial(Stage& usedStage, Table& usedTable)
+    : stage(usedStage)
+    , table(usedTable)
+{
+    furnish(user, 100, 2000);
+    program = stage.startProgram(user);
+}
+
+Holdings Trial::holdings() const
+{
+    const auto window = stage.overlay.window();
+    if (!window)
+        throw std::runtime_error("the overlay is gone");
+    return {ownMemory(program->pid()), resourcesOf(stage.x, *window),
+        pixmapBytesOf(stage.x, *window), openFiles(program->pid())};
+}
+
+/// Until it takes no processor time for a while.
+void Trial::rest() const
+{
+    const auto isAtRest = [&] {
+        const double before = activityOf(program->pid()).processorMilliseconds;
+        pause(400ms);
+        return activityOf(program->pid()).processorMilliseconds - before < 1;
+    };
+    if (!waitUntil(isAtRest, 120s))
+        throw std::runtime_error("the program does not come to rest");
+}
+
+void Trial::repeat(const std::string& what, int times, const std::function<void(int)>& action)
+{
+    Holdings early;
+    for (int time = 1; time <= times; ++time) {
+        action(time);
+        if (time == notCounted) {
+            rest();
+            early = holdings();
+        } else if (time % 500 == 0) {
+            rest();
+        }
+    }
+    rest();
+    const Holdings late = holdings();
+    const std::string prefix = std::to_string(times) + ' ' + what + ": ";
+    // A hundredth of what it holds is what the allocator's own order may make of it.
+    table.add({prefix + "memory", "MB", late.memory, early.memory, 1.01 * early.memory + 0.2,
+        "no growth"});
+    const auto add = [&](const std::string& kind, std::int64_t last, std::int64_t first) {
+        table.add({prefix + kind, "", static_cast<double>(last), static_cast<double>(first),
+            static_cast<double>(first), "no growth"});
+    };
+    add("X resources", late.resources, early.resources);
+    add("bytes of pixmaps", late.pixmapBytes, early.pixmapBytes);
+    add("open files", late.files, early.files);
+}
+
+void Trial::shortcut(xcb_keycode_t key)
+{
+    stage.pressShortcut(key);
+    stage.releaseShortcut(key);
+    stage.x.sync();
+}
+
+void Trial::edit()
+{
+    shortcut(KeyCode::o);
+    if (!waitUntil([&] { return stage.overlay.hasKeyboard(); }))
+        throw std::runtime_error("the editor does not get the keyboard");
+}
+
+} // namespace
+
+void measureEndurance(Stage& stage, Table& table)
+{
+    // Where a durable write takes no time; as many writes would otherwise take hours.
+    ::setenv("TMPDIR", "/dev/shm", 1);
+    Trial trial(stage, table);
+    // Some of them meet a fade that is still under way.
+    trial.repeat("toggles", 10'000, [&](int time) {
+        trial.shortcut(KeyCode::g);
+        pause(time % 10 < 2 ? 260ms : 12ms);
+    });
+    trial.repeat("note switches", 10'000, [&](int) {
+        trial.shortcut(KeyCode::down);
+        pause(12ms);
+    });
+    trial.edit();
+    // What is typed is deleted again: a longer note is no leak.
+    trial.repeat("typed characters", 100'000, [&](int time) {
+        stage.keyboard.tap(letterM);
+        if (time % 50 == 0)
+            for (int count = 0; count < 50; ++count)
+                stage.keyboard.tap(KeyCode::backspace);
+        if (time % 10 == 0)
+            pause(20ms);
+    });
+    ::unsetenv("TMPDIR");
+}
+
+} // namespace sablequill

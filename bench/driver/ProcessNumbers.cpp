@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "ProcessNumbers.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+#include <time.h>
+
+namespace sablequill {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path folderOf(pid_t process)
+{
+    return "/proc/" + std::to_string(process);
+}
+
+/// The first number after "name:" in a file of lines.
+std::int64_t value(const fs::path& path, const std::string& name)
+{
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(name + ':'))
+            return std::stoll(line.substr(name.size() + 1));
+    }
+    throw std::runtime_error("no " + name + " in " + path.string());
+}
+
+} // namespace
+
+Activity activityOf(pid_t process)
+{
+    clockid_t clock = 0;
+    timespec time{};
+    if (::clock_getcpuclockid(process, &clock) != 0 || ::clock_gettime(clock, &time) != 0)
+        throw std::runtime_error("no such process");
+    Activity activity;
+    activity.processorMilliseconds =
+        static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    for (const auto& thread : fs::directory_iterator(folderOf(process) / "task"))
+        activity.wakeUps[thread.path().filename()] =
+            value(thread.path() / "status", "voluntary_ctxt_switches");
+    return activity;
+}
+
+std::int64_t wakeUpsBetween(const Activity& before, const Activity& after)
+{
+    std::int64_t sum = 0;
+    for (const auto& [thread, count] : before.wakeUps) {
+        const auto later = after.wakeUps.find(thread);
+        sum += later == after.wakeUps.end() ? 1 : later->second - count;
+    }
+    for (const auto& [thread, count] : after.wakeUps)
+        sum += before.wakeUps.contains(thread) ? 0 : count + 1;
+    return sum;
+}
+
+double ownMemory(pid_t process)
+{
+    return static_cast<double>(value(folderOf(process) / "smaps_rollup", "Pss")) * 1024 / 1e6;
+}
+
+int openFiles(pid_t process)
+{
+    const fs::directory_iterator files(folderOf(process) / "fd");
+    return static_cast<int>(std::distance(begin(files), end(files)));
+}
+
+} // namespace sablequill
