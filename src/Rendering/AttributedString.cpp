@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "AttributedString.h"
 
+#include <utility>
+
 namespace sablequill {
 
-void AttributedString::append(const QString& text, const RunAttributes& attributes)
+void AttributedString::append(QString text, const RunAttributes& attributes)
 {
     if (text.isEmpty())
         return;
     if (!runs.empty() && runs.back().attributes == attributes)
         runs.back().text += text;
     else
-        runs.push_back({text, attributes});
+        runs.push_back({std::move(text), attributes});
 }
 
 void AttributedString::append(const AttributedString& other)

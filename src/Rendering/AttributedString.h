@@ -54,7 +54,7 @@ struct AttributedString {
     std::vector<Run> runs;
 
     /// Lengthens the last run when its attributes are the same; empty text changes nothing.
-    void append(const QString& text, const RunAttributes& attributes = {});
+    void append(QString text, const RunAttributes& attributes = {});
     void append(const AttributedString& other);
     QString text() const;
 

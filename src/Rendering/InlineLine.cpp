@@ -248,7 +248,6 @@ void InlineLine::appendVerbatim(std::string_view literal, std::string& out) cons
 
 void InlineLine::append(std::string_view literal, HardBreak hardBreak, std::string& out) const
 {
-    out.reserve(out.size() + literal.size());
     std::size_t start = 0;
     for (std::size_t at = 0; (at = literal.find('\f', start)) != std::string_view::npos;) {
         const std::size_t end = std::min(literal.find_first_not_of('\f', at), literal.size());

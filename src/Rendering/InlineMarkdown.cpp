@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <string_view>
 
 namespace sablequill::InlineMarkdown {
@@ -62,11 +63,21 @@ private:
     double stepsPerByte;
 };
 
+/// Looks at every unit, which is quicker for most texts than to stop at the first.
+bool hasSurrogates(QStringView text)
+{
+    std::uint16_t found = 0;
+    for (const char16_t unit :
+        std::u16string_view(text.utf16(), static_cast<std::size_t>(text.size())))
+        found = static_cast<std::uint16_t>(found | ((unit & 0xF800) == 0xD800 ? 1 : 0));
+    return found != 0;
+}
+
 } // namespace
 
 std::optional<AttributedString> read(const QString& text)
 {
-    if (!text.isValidUtf16())
+    if (hasSurrogates(text) && !text.isValidUtf16())
         return {};
     if (text.isEmpty())
         return AttributedString{};

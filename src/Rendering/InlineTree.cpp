@@ -2,6 +2,7 @@
 #include "InlineTree.h"
 
 #include "InlineLine.h"
+#include "ParserMemory.h"
 
 #include <QStringDecoder>
 
@@ -9,18 +10,10 @@
 #include <cmark-gfm-extension_api.h>
 #include <cmark-gfm.h>
 
-#include <memory>
 #include <vector>
 
 namespace sablequill::InlineMarkdown {
 namespace {
-
-template <auto Free> struct Deleter {
-    template <typename T> void operator()(T* handle) const { Free(handle); }
-};
-using Parser = std::unique_ptr<cmark_parser, Deleter<cmark_parser_free>>;
-using Node = std::unique_ptr<cmark_node, Deleter<cmark_node_free>>;
-using Iterator = std::unique_ptr<cmark_iter, Deleter<cmark_iter_free>>;
 
 cmark_syntax_extension* strikethroughExtension()
 {
@@ -31,12 +24,13 @@ cmark_syntax_extension* strikethroughExtension()
     return extension;
 }
 
-Node parse(const std::string& line)
+/// The tree, which lives in the memory.
+cmark_node* parse(const std::string& line, const ParserMemory& memory)
 {
-    const Parser parser{cmark_parser_new(CMARK_OPT_DEFAULT)};
-    cmark_parser_attach_syntax_extension(parser.get(), strikethroughExtension());
-    cmark_parser_feed(parser.get(), line.data(), line.size());
-    return Node{cmark_parser_finish(parser.get())};
+    cmark_parser* const parser = cmark_parser_new_with_mem(CMARK_OPT_DEFAULT, memory.functions());
+    cmark_parser_attach_syntax_extension(parser, strikethroughExtension());
+    cmark_parser_feed(parser, line.data(), line.size());
+    return cmark_parser_finish(parser);
 }
 
 /// QString::fromUtf8 drops it from the start of what it decodes.
@@ -61,10 +55,10 @@ public:
 
     void walk(cmark_node* document)
     {
-        const Iterator iterator{cmark_iter_new(document)};
-        for (auto event = cmark_iter_next(iterator.get()); event != CMARK_EVENT_DONE;
-             event = cmark_iter_next(iterator.get())) {
-            cmark_node* const node = cmark_iter_get_node(iterator.get());
+        cmark_iter* const iterator = cmark_iter_new(document);
+        for (auto event = cmark_iter_next(iterator); event != CMARK_EVENT_DONE;
+             event = cmark_iter_next(iterator)) {
+            cmark_node* const node = cmark_iter_get_node(iterator);
             if (event == CMARK_EVENT_EXIT)
                 leave(node);
             else
@@ -186,8 +180,8 @@ private:
 void appendRuns(std::string_view text, AttributedString& out)
 {
     const InlineLine line(text);
-    const Node document = parse(line.bytes());
-    TreeWalker(line, out).walk(document.get());
+    const ParserMemory memory;
+    TreeWalker(line, out).walk(parse(line.bytes(), memory));
 }
 
 void appendPlain(std::string_view text, const RunAttributes& attributes, AttributedString& out)
