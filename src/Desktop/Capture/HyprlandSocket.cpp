@@ -1,34 +1,53 @@
 // SPDX-License-Identifier: MIT
 #include "HyprlandSocket.h"
 
-#include <QLocalSocket>
+#include "FileDescriptor.h"
+
+#include <QFile>
 #include <QPointer>
+#include <QSocketNotifier>
 #include <QTimer>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace sablequill {
 namespace {
 
+using namespace std::chrono_literals;
+
 /// Far more than a list of all windows takes.
 constexpr qsizetype longestAnswer = 4 << 20;
 
-/// One request on a connection of its own; deletes itself.
+/// Whether the call only has to be made again later.
+bool isTooEarly()
+{
+    return errno == EAGAIN || errno == EINPROGRESS;
+}
+
+/// One request on a connection of its own; deletes itself. Made of the system's own calls: the
+/// toolkit's network library would have every start load what it needs for the Internet.
 class Request final : public QObject {
 public:
     Request(QObject* parent, const QByteArray& text, std::chrono::milliseconds timeout,
         std::function<void(HyprlandSocket::Answer)> answered)
         : QObject(parent)
-        , text(text)
+        , unsent(text)
         , answered(std::move(answered))
     {
-        connect(&connection, &QLocalSocket::connected, this, [this] { send(); });
-        connect(&connection, &QLocalSocket::readyRead, this, [this] { read(); });
-        connect(&connection, &QLocalSocket::disconnected, this, [this] { finish(); });
-        connect(&connection, &QLocalSocket::errorOccurred, this, [this] { finish(); });
+        connect(&writable, &QSocketNotifier::activated, this, [this] { send(); });
+        connect(&readable, &QSocketNotifier::activated, this, [this] { read(); });
         deadline.setSingleShot(true);
         connect(&deadline, &QTimer::timeout, this, [this] { finish(); });
         deadline.start(timeout);
+        readable.setSocket(socket.get());
+        writable.setSocket(socket.get());
     }
 
     ~Request() override
@@ -37,19 +56,59 @@ public:
         isFinished = true;
     }
 
-    void start(const QString& path) { connection.connectToServer(path); }
+    void start(const QString& path)
+    {
+        if (isFinished)
+            return;
+        if (connectTo(QFile::encodeName(path))) {
+            readable.setEnabled(true);
+            send();
+        } else if (isTooEarly()) {
+            // As many others wait for the server as it lets wait.
+            QTimer::singleShot(20ms, this, [this, path] { start(path); });
+        } else {
+            finish();
+        }
+    }
 
 private:
+    bool connectTo(const QByteArray& path)
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        errno = ENAMETOOLONG;
+        if (path.size() >= static_cast<qsizetype>(sizeof address.sun_path))
+            return false;
+        std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+        return socket.isOpen() && uninterrupted([&] {
+            return ::connect(
+                socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        }) == 0;
+    }
+
     void send()
     {
-        connection.write(text);
-        connection.flush();
+        const auto sent = uninterrupted([&] {
+            return ::send(socket.get(), unsent.constData(), static_cast<std::size_t>(unsent.size()),
+                MSG_NOSIGNAL);
+        });
+        if (sent < 0 && !isTooEarly()) {
+            finish();
+            return;
+        }
+        unsent.remove(0, std::max<qsizetype>(sent, 0));
+        writable.setEnabled(!unsent.isEmpty());
     }
 
     void read()
     {
-        answer += connection.readAll();
-        if (answer.size() > longestAnswer)
+        std::array<char, 16384> buffer{};
+        const auto size =
+            uninterrupted([&] { return ::recv(socket.get(), buffer.data(), buffer.size(), 0); });
+        if (size < 0 && isTooEarly())
+            return;
+        answer.append(buffer.data(), std::max<qsizetype>(size, 0));
+        if (size <= 0 || answer.size() > longestAnswer)
             finish();
     }
 
@@ -57,16 +116,20 @@ private:
     {
         if (std::exchange(isFinished, true))
             return;
+        readable.setEnabled(false);
+        writable.setEnabled(false);
         deleteLater();
         answered(answer.isEmpty() ? std::nullopt : std::optional(answer));
     }
 
-    const QByteArray text;
+    QByteArray unsent;
     const std::function<void(HyprlandSocket::Answer)> answered;
     QByteArray answer;
     bool isFinished = false;
     QTimer deadline;
-    QLocalSocket connection;
+    const FileDescriptor socket{::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)};
+    QSocketNotifier readable{QSocketNotifier::Read};
+    QSocketNotifier writable{QSocketNotifier::Write};
 };
 
 } // namespace
