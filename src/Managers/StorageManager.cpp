@@ -99,7 +99,7 @@ std::vector<MirkpadItem> StorageManager::loadNotes()
 {
     notesAreUnreadable = Files::exists(notesURL());
     if (const auto json = Files::read(notesURL())) {
-        if (auto notes = decodeNotes(*json)) {
+        if (auto notes = decodeNotes(*json, Files::spareBytes)) {
             notesAreUnreadable = false;
             return *std::move(notes);
         }

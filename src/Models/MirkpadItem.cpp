@@ -37,9 +37,9 @@ QString MirkpadItem::preview() const
     return onOneLine(trimmed);
 }
 
-Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json)
+Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json, qsizetype readableBehind)
 {
-    return json::decode<std::vector<MirkpadItem>>(json);
+    return json::decode<std::vector<MirkpadItem>>(json, readableBehind);
 }
 
 } // namespace sablequill

@@ -29,8 +29,9 @@ struct MirkpadItem {
 };
 
 /// Reads notes.json whole: one record without one of its five keys, or with a value of another type
-/// or form, refuses all of them. Unknown keys are ignored.
-Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json);
+/// or form, refuses all of them. Unknown keys are ignored. It is quicker where some bytes behind
+/// the text may be read as well.
+Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json, qsizetype readableBehind = 0);
 
 } // namespace sablequill
 

@@ -2,6 +2,7 @@
 #include "Files.h"
 
 #include "FileDescriptor.h"
+#include "LargePages.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -63,7 +65,10 @@ std::optional<QByteArray> read(const fs::path& file)
     if (!source.isOpen() || ::fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode)
         || status.st_size > largestFile)
         return {};
-    QByteArray bytes(static_cast<qsizetype>(status.st_size), Qt::Uninitialized);
+    QByteArray bytes;
+    bytes.reserve(static_cast<qsizetype>(status.st_size) + spareBytes);
+    LargePages::use(bytes.data(), static_cast<std::size_t>(bytes.capacity()));
+    bytes.resize(static_cast<qsizetype>(status.st_size));
     qsizetype size = 0;
     while (size < bytes.size()) {
         const auto count = uninterrupted([&] {
@@ -77,6 +82,7 @@ std::optional<QByteArray> read(const fs::path& file)
         size += count;
     }
     bytes.truncate(size);
+    std::memset(bytes.data() + size, 0, spareBytes);
     return bytes;
 }
 

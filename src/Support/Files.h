@@ -17,6 +17,9 @@ namespace sablequill::Files {
 /// is certain that there is nothing.
 bool exists(const std::filesystem::path& path);
 
+/// So many zeros lie behind the bytes that `read` returns: a parser may look past their end.
+inline constexpr qsizetype spareBytes = 64;
+
 /// Bytes; what is larger is not read, since there may be no memory for it.
 inline constexpr std::int64_t largestFile = std::int64_t{1} << 30;
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "Decoded.h"
+#include "LargePages.h"
 #include "Timestamp.h"
 
+#include <QByteArrayView>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -111,16 +113,26 @@ template <typename T> struct Codec<std::map<QString, T>> {
     }
 };
 
-/// The root of a JSON text, which may begin with a byte order mark, read as a T.
-template <typename T> Decoded<T> decode(QByteArrayView text)
+/// The root of a JSON text, which may begin with a byte order mark, read as a T. No copy of the
+/// text is made where so many bytes behind it may be read that the parser can look past its end.
+template <typename T> Decoded<T> decode(QByteArrayView text, qsizetype readableBehind = 0)
 {
     if (text.startsWith("\xEF\xBB\xBF"))
         text = text.sliced(3);
+    const bool isPadded =
+        !text.isEmpty() && readableBehind >= static_cast<qsizetype>(simdjson::SIMDJSON_PADDING);
     if (text.isEmpty())
         text = ""; // the parser copies from no null pointer
     simdjson::dom::parser parser;
+    const auto size = static_cast<std::size_t>(text.size());
+    auto error = parser.allocate(size);
+    if (error == simdjson::SUCCESS)
+        error = parser.doc.allocate(size);
+    // All strings of the text go there.
+    if (error == simdjson::SUCCESS)
+        LargePages::use(parser.doc.string_buf.get(), size);
     Element root;
-    const auto error = parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(root);
+    error = parser.parse(text.data(), size, !isPadded).get(root);
     if (error != simdjson::SUCCESS)
         return Refusal{QString::fromLatin1(simdjson::error_message(error))};
     return Codec<T>::read(root);

@@ -13,9 +13,12 @@
 #include <sys/stat.h>
 #include <sys/time.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
+#include <fstream>
 #include <future>
+#include <string>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -57,6 +60,19 @@ TEST_F(FilesTest, read_allBytes)
         {QByteArray(""), QByteArray("a\0\xFF\n", 4), QByteArray(5'000'000, 'x')}) {
         writeFile(file, bytes);
         EXPECT_EQ(Files::read(file), bytes);
+    }
+}
+
+TEST_F(FilesTest, read_behindTheBytes_zerosMayBeRead)
+{
+    for (const qsizetype size : {0, 1, 4096, 9'000'000}) {
+        std::ofstream(file) << std::string(static_cast<std::size_t>(size), 'x');
+        const auto bytes = Files::read(file);
+        ASSERT_TRUE(bytes);
+        ASSERT_EQ(bytes->size(), size);
+        EXPECT_EQ(bytes->count('x'), size);
+        const char* behind = bytes->constData() + size;
+        EXPECT_TRUE(std::all_of(behind, behind + Files::spareBytes, [](char c) { return c == 0; }));
     }
 }
 
