@@ -69,7 +69,7 @@ void CardPatch::paint(QPainter& painter, const QSize& size, double nextRatio)
         const QRect from(QPoint(fromX[column], fromY[line]),
             QPoint(fromX[column + 1], fromY[line + 1]) - QPoint(1, 1));
         if (part == 4)
-            painter.fillRect(to, fill);
+            drawInBands(painter, to, [&] { painter.fillRect(to, fill); });
         else
             painter.drawPixmap(to, pixmap, from);
     }
@@ -90,11 +90,14 @@ void CardPatch::draw(const QSize& cardSize, double nextRatio)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     paintCardShadow(painter, card, ratio);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-    painter.fillPath(cardShape(card, cornerRadius * ratio), Qt::black);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.fillPath(cardShape(card, cornerRadius * ratio), fill);
-    paintStroke(painter, card, ratio);
+    const QPainterPath shape = cardShape(card, cornerRadius * ratio);
+    drawInBands(painter, card, [&] {
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+        painter.fillPath(shape, Qt::black);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.fillPath(shape, fill);
+        paintStroke(painter, card, ratio);
+    });
 }
 
 void CardPatch::paintStroke(QPainter& painter, const QRectF& card, double ratio)

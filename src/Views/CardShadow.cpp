@@ -38,7 +38,8 @@ Samples coverage(const QRectF& card, const QSize& size)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(1.0 / sampleDistance, 1.0 / sampleDistance);
-    painter.fillPath(cardShape(card, CardPatch::cornerRadius), Qt::black);
+    const QPainterPath shape = cardShape(card, CardPatch::cornerRadius);
+    drawInBands(painter, card, [&] { painter.fillPath(shape, Qt::black); });
     painter.end();
 
     Samples samples{size.width(), size.height(), {}};
@@ -120,9 +121,10 @@ void paintCardShadow(QPainter& painter, const QRectF& card, double ratio)
 
     const QRectF target(card.x() - surroundings * ratio, card.y() + (offset - surroundings) * ratio,
         size.width() * sampleDistance * ratio, size.height() * sampleDistance * ratio);
+    const QImage image = shadowImage(blurred);
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(target, shadowImage(blurred));
+    drawInBands(painter, target, [&] { painter.drawImage(target, image); });
     painter.restore();
 }
 

@@ -71,12 +71,16 @@ QPixmap PanelCard::drawn() const
     if (isComposited)
         paintCardShadow(painter, card, 1);
     const QColor ground = palette().color(QPalette::Window);
-    if (isComposited)
-        painter.fillPath(cardShape(card, cornerRadius()), ground);
-    else
-        painter.fillRect(card, ground);
-    painter.strokePath(cardShape(card.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius() - 0.5),
-        QPen(color({InkRole::divider, 1.5}, surroundingsOf(*this)), 1));
+    const QPainterPath shape = cardShape(card, cornerRadius());
+    const QPainterPath edge = cardShape(card.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius() - 0.5);
+    const QPen line(color({InkRole::divider, 1.5}, surroundingsOf(*this)), 1);
+    drawInBands(painter, card, [&] {
+        if (isComposited)
+            painter.fillPath(shape, ground);
+        else
+            painter.fillRect(card, ground);
+        painter.strokePath(edge, line);
+    });
     return pixmap;
 }
 
