@@ -37,7 +37,9 @@ bool isPopoverShown(const XConnection& x)
 /// There for as long as the connection is.
 void showBackdrop(const XConnection& x)
 {
-    const Area screen = x.screenArea();
+    Area screen = x.screenArea();
+    // A window as large as the screen would be shown past the compositor, and nothing above it.
+    screen.height -= 8;
     const std::uint32_t values[] = {x.screen().white_pixel, 1};
     const std::uint32_t below = XCB_STACK_MODE_BELOW;
     const xcb_window_t window = xcb_generate_id(x.get());
