@@ -60,6 +60,8 @@ void HyprlandShield::setWanted(bool isWanted)
     isRefused = false;
     hidden.clear();
     givenUp.clear();
+    names.clear();
+    concluded = 0;
     // Its requests may have done their work already: the windows stay among those that may be
     // hidden.
     running.reset();
@@ -91,7 +93,7 @@ bool HyprlandShield::eventFilter(QObject* watched, QEvent* event)
 
 void HyprlandShield::windowShown(WId window)
 {
-    if (wanted ? mustWait(window) : touched.contains(window))
+    if (wanted ? !isRefused : touched.contains(window))
         begin();
 }
 
@@ -113,7 +115,7 @@ bool HyprlandShield::isSettled() const
 void HyprlandShield::begin()
 {
     nextRetry = times.retry;
-    if (wanted && !patience.isActive()) {
+    if (wanted && !isSettled() && !patience.isActive()) {
         last = HyprlandSweep::Outcome::missing;
         patience.start();
     }
@@ -124,33 +126,58 @@ void HyprlandShield::begin()
 
 void HyprlandShield::sweep()
 {
-    if (isRefused || isSettled())
+    const QSet<WId> shown = shownWindows();
+    if (isRefused || shown.isEmpty() || (!wanted && isSettled()))
         return;
     if (wanted)
-        touched.unite(shownWindows());
+        touched.unite(shown);
     running = std::make_unique<HyprlandSweep>(socket, wanted, form);
     connect(running.get(), &HyprlandSweep::finished, this, &HyprlandShield::take);
     running->start();
 }
 
-void HyprlandShield::take(HyprlandSweep::Outcome outcome, int windowCount)
+void HyprlandShield::take(HyprlandSweep::Outcome outcome)
 {
     using Outcome = HyprlandSweep::Outcome;
     last = outcome;
     form = running->form();
+    const std::vector<QByteArray> windows = running->doneWindows();
     // It is still speaking.
     running.release()->deleteLater();
-    const QSet<WId> shown = shownWindows();
     if (outcome == Outcome::refused && wanted) {
         isRefused = true;
         settle(MirkEffect::none);
-    } else if (outcome == Outcome::done && windowCount >= shown.size()) {
-        hidden = wanted ? hidden.unite(shown) : QSet<WId>();
-        touched = wanted ? touched : touched.subtract(shown);
-        settle(MirkEffect::blackBox);
-    } else {
-        retryLater();
+        return;
     }
+    const bool isComplete =
+        outcome == Outcome::done && (wanted ? takeHidden(windows) : takeUncovered(windows));
+    if (isComplete)
+        settle(MirkEffect::blackBox);
+    // A window that is listed may be one that is just going, in the place of one that is yet to
+    // come.
+    if (!isComplete || (wanted && nextRetry <= times.check))
+        retryLater();
+}
+
+bool HyprlandShield::takeHidden(const std::vector<QByteArray>& windows)
+{
+    for (const QByteArray& window : windows)
+        names.insert(window);
+    const QSet<WId> fresh = shownWindows().subtract(hidden);
+    if (names.size() < concluded + fresh.size())
+        return false;
+    hidden.unite(fresh);
+    concluded += fresh.size();
+    return true;
+}
+
+bool HyprlandShield::takeUncovered(const std::vector<QByteArray>& windows)
+{
+    const QSet<WId> shown = shownWindows();
+    if (static_cast<qsizetype>(windows.size()) < shown.size())
+        return false;
+    touched.subtract(shown);
+    return true;
 }
 
 void HyprlandShield::settle(MirkEffect next)

@@ -23,6 +23,8 @@ public:
         std::chrono::milliseconds answer{10000};
         /// Until the compositor is asked again; twice as long each further time.
         std::chrono::milliseconds retry{25};
+        /// As long as that time is not more than this, it is also asked where all seems to be done.
+        std::chrono::milliseconds check{4000};
     };
 
     HyprlandShield(const QString& socketPath, const Times& times);
@@ -48,7 +50,9 @@ private:
     bool isSettled() const;
     void begin();
     void sweep();
-    void take(HyprlandSweep::Outcome outcome, int windowCount);
+    void take(HyprlandSweep::Outcome outcome);
+    bool takeHidden(const std::vector<QByteArray>& windows);
+    bool takeUncovered(const std::vector<QByteArray>& windows);
     void settle(MirkEffect next);
     void retryLater();
     void losePatience();
@@ -68,6 +72,10 @@ private:
     QSet<WId> hidden;
     QSet<WId> touched;
     QSet<WId> givenUp;
+    /// The compositor's names of the windows that it hides, and how many of ours were concluded
+    /// from them to be hidden. A name does not tell which window it is.
+    QSet<QByteArray> names;
+    qsizetype concluded = 0;
 };
 
 } // namespace sablequill

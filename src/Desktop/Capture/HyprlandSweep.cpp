@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace sablequill {
 
 HyprlandSweep::HyprlandSweep(HyprlandSocket& socket, bool isWanted, int form)
@@ -26,7 +28,7 @@ void HyprlandSweep::ask(
         if (answer)
             (this->*take)(*answer);
         else
-            Q_EMIT finished(Outcome::silent, 0);
+            Q_EMIT finished(Outcome::silent);
     });
 }
 
@@ -54,7 +56,7 @@ void HyprlandSweep::takeSetting(const QByteArray& answer)
     else if (isWanted)
         readBack();
     else
-        takeNextWindow();
+        takeDoneWindow();
 }
 
 void HyprlandSweep::readBack()
@@ -65,9 +67,15 @@ void HyprlandSweep::readBack()
 void HyprlandSweep::takeReadBack(const QByteArray& answer)
 {
     if (HyprlandRequests::isTrue(answer))
-        takeNextWindow();
+        takeDoneWindow();
     else
         tryNextForm();
+}
+
+void HyprlandSweep::takeDoneWindow()
+{
+    done.push_back(windows[present]);
+    takeNextWindow();
 }
 
 void HyprlandSweep::takeNextWindow()
@@ -76,7 +84,7 @@ void HyprlandSweep::takeNextWindow()
     if (++present < windows.size())
         trySetting();
     else
-        Q_EMIT finished(Outcome::done, static_cast<int>(windows.size()));
+        Q_EMIT finished(done.empty() ? Outcome::missing : Outcome::done);
 }
 
 void HyprlandSweep::tryNextForm()
@@ -84,8 +92,20 @@ void HyprlandSweep::tryNextForm()
     currentForm = (currentForm + 1) % HyprlandRequests::formCount;
     if (++failedForms < HyprlandRequests::formCount)
         trySetting();
+    else if (isListed)
+        ask(HyprlandRequests::listWindows(), &HyprlandSweep::takeWindowsAfterFailure);
     else
-        Q_EMIT finished(isListed ? Outcome::refused : Outcome::missing, 0);
+        Q_EMIT finished(Outcome::missing);
+}
+
+void HyprlandSweep::takeWindowsAfterFailure(const QByteArray& answer)
+{
+    // A tooltip or a menu may go between two requests; that says nothing about the others.
+    const auto still = HyprlandRequests::windowsIn(answer, QCoreApplication::applicationPid());
+    if (std::find(still.begin(), still.end(), windows[present]) == still.end())
+        takeNextWindow();
+    else
+        Q_EMIT finished(Outcome::refused);
 }
 
 } // namespace sablequill

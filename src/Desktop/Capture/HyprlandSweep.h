@@ -30,13 +30,16 @@ public:
     void start();
     /// The form that the compositor was last seen to understand.
     int form() const { return currentForm; }
+    /// The windows that were listed and are now as wanted.
+    const std::vector<QByteArray>& doneWindows() const { return done; }
 
 Q_SIGNALS:
     /// The last thing that it does.
-    void finished(sablequill::HyprlandSweep::Outcome outcome, int windowCount);
+    void finished(sablequill::HyprlandSweep::Outcome outcome);
 
 private:
     void takeWindows(const QByteArray& answer);
+    void takeDoneWindow();
     void takeNextWindow();
     void trySetting();
     void readBack();
@@ -44,6 +47,7 @@ private:
     void ask(const QByteArray& request, void (HyprlandSweep::*take)(const QByteArray&));
     void takeSetting(const QByteArray& answer);
     void takeReadBack(const QByteArray& answer);
+    void takeWindowsAfterFailure(const QByteArray& answer);
 
     HyprlandSocket& socket;
     const bool isWanted;
@@ -53,6 +57,7 @@ private:
     bool isListed = false;
     std::vector<QByteArray> windows;
     std::size_t present = 0;
+    std::vector<QByteArray> done;
 };
 
 } // namespace sablequill

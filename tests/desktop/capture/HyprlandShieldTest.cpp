@@ -23,10 +23,18 @@ const QByteArray strange = "0x5c3";
 
 class HyprlandShieldTest : public testing::Test {
 protected:
-    static constexpr HyprlandShield::Times patient{
-        .patience = Milliseconds(8000), .answer = Milliseconds(8000), .retry = Milliseconds(5)};
-    static constexpr HyprlandShield::Times impatient{
-        .patience = Milliseconds(40), .answer = Milliseconds(20), .retry = Milliseconds(5)};
+    static constexpr HyprlandShield::Times patient{.patience = Milliseconds(8000),
+        .answer = Milliseconds(8000),
+        .retry = Milliseconds(5),
+        .check = Milliseconds(0)};
+    static constexpr HyprlandShield::Times impatient{.patience = Milliseconds(40),
+        .answer = Milliseconds(20),
+        .retry = Milliseconds(5),
+        .check = Milliseconds(0)};
+    static constexpr HyprlandShield::Times checking{.patience = Milliseconds(8000),
+        .answer = Milliseconds(8000),
+        .retry = Milliseconds(5),
+        .check = Milliseconds(8000)};
 
     HyprlandShieldTest() { hyprland.windows = {{strange, ownPid() + 1}}; }
 
@@ -172,17 +180,69 @@ TEST_F(HyprlandShieldTest, windowShown_secondOne_firstDoesNotWaitAgain)
     EXPECT_EQ(hyprland.hidden, QSet({first, second}));
 }
 
-TEST_F(HyprlandShieldTest, windowShown_againAfterHiding_isStillHiddenFromCaptures)
+TEST_F(HyprlandShieldTest, windowShown_againAfterHiding_doesNotWaitAndIsHiddenAnew)
 {
     HyprlandShield shield(path, patient);
     show(panel, first);
     shield.setWanted(true);
     ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
-    hyprland.requests.clear();
     panel.hide();
+    hyprland.hidden.clear();
     panel.show();
     EXPECT_FALSE(shield.mustWait(panel.winId()));
-    EXPECT_TRUE(runWhile([&] { return hyprland.requests.empty(); }, moment));
+    EXPECT_TRUE(becomesHidden({first}));
+}
+
+TEST_F(HyprlandShieldTest, windowShown_anotherOneIsStillListed_isNotTakenForIt)
+{
+    HyprlandShield shield(path, patient);
+    show(panel, first);
+    shield.setWanted(true);
+    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    panel.destroy();
+    popover.show();
+    hyprland.requests.clear();
+    ASSERT_TRUE(runUntil([&] { return hyprland.requests.count("j/clients") >= 3; }));
+    EXPECT_TRUE(shield.mustWait(popover.winId()));
+    hyprland.windows.push_back({second, ownPid()});
+    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(popover.winId()); }));
+    EXPECT_EQ(hyprland.hidden, QSet({first, second}));
+}
+
+TEST_F(HyprlandShieldTest, setWanted_allSeemsHidden_windowThatComesLaterIsHiddenToo)
+{
+    HyprlandShield shield(path, checking);
+    show(panel, first);
+    shield.setWanted(true);
+    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    hyprland.windows.push_back({second, ownPid()});
+    EXPECT_TRUE(becomesHidden({first, second}));
+    EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
+}
+
+TEST_F(HyprlandShieldTest, setWanted_listedWindowGoes_othersAreHidden)
+{
+    HyprlandShield shield(path, patient);
+    hyprland.windows.push_back({second, ownPid()});
+    hyprland.going = second;
+    show(panel, first);
+    shield.setWanted(true);
+    EXPECT_TRUE(becomes(shield, MirkEffect::blackBox));
+    EXPECT_EQ(hyprland.hidden, QSet({first}));
+}
+
+TEST_F(HyprlandShieldTest, setWanted_onlyListedWindowGoes_isNotTakenForARefusal)
+{
+    HyprlandShield shield(path, patient);
+    hyprland.windows.push_back({second, ownPid()});
+    hyprland.going = second;
+    panel.show();
+    shield.setWanted(true);
+    ASSERT_TRUE(runUntil([&] { return hyprland.requests.count("j/clients") >= 3; }));
+    EXPECT_TRUE(shield.mustWait(panel.winId()));
+    hyprland.windows.push_back({first, ownPid()});
+    EXPECT_TRUE(becomes(shield, MirkEffect::blackBox));
+    EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
 TEST_F(HyprlandShieldTest, windowShown_turnedOffWhileItWasAway_isShownToCapturesAgain)
@@ -235,10 +295,10 @@ TEST_F(HyprlandShieldTest, setWanted_noFormIsUnderstood_saysSoAndAsksNoMore)
     shield.setWanted(true);
     EXPECT_TRUE(becomes(shield, MirkEffect::none));
     EXPECT_FALSE(shield.mustWait(panel.winId()));
-    EXPECT_EQ(hyprland.requests.size(), 4) << "the list, and each form once";
+    EXPECT_EQ(hyprland.requests.size(), 5) << "the list, each form once, and the list";
     show(popover, second);
     EXPECT_FALSE(shield.mustWait(popover.winId()));
-    EXPECT_TRUE(runWhile([&] { return hyprland.requests.size() == 4; }, moment));
+    EXPECT_TRUE(runWhile([&] { return hyprland.requests.size() == 5; }, moment));
 }
 
 TEST_F(HyprlandShieldTest, setWanted_readBackIsFalse_saysThatNothingIsHidden)

@@ -6,6 +6,7 @@
 #include <QLocalSocket>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace sablequill {
@@ -66,12 +67,14 @@ QByteArray HyprlandStub::answerTo(const QByteArray& request)
     return "error: invalid dispatcher";
 }
 
-QByteArray HyprlandStub::list() const
+QByteArray HyprlandStub::list()
 {
     QJsonArray all;
     for (const HyprlandWindow& window : windows)
         all.append(QJsonObject{{QStringLiteral("address"), QString::fromLatin1(window.address)},
             {QStringLiteral("pid"), window.pid}});
+    const auto isGoing = [this](const HyprlandWindow& window) { return window.address == going; };
+    windows.erase(std::remove_if(windows.begin(), windows.end(), isGoing), windows.end());
     return QJsonDocument(all).toJson();
 }
 

@@ -31,6 +31,8 @@ public:
     std::vector<HyprlandWindow> windows;
     /// Whether the list of windows is answered with one.
     bool listsWindows = true;
+    /// A window that is gone once it was listed.
+    QByteArray going;
     /// Whether it does what it says it did.
     bool obeys = true;
     /// Instead of an answer: these bytes, or for ever nothing when they are empty.
@@ -43,7 +45,7 @@ public:
 private:
     void serve();
     QByteArray answerTo(const QByteArray& request);
-    QByteArray list() const;
+    QByteArray list();
     QByteArray set(const QByteArray& selector, bool isHidden);
     QByteArray addressOf(const QByteArray& selector) const;
 
