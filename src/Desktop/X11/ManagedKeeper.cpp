@@ -51,9 +51,10 @@ void ManagedKeeper::willShow(QWidget& shown)
 {
     window = static_cast<xcb_window_t>(shown.winId());
     // KWin takes the first type and puts it above an active full-screen window, mutter the second.
+    // Compositors that tile leave a window alone for having the third one anywhere in the list.
     setAtoms("_NET_WM_WINDOW_TYPE",
         {"_KDE_NET_WM_WINDOW_TYPE_CRITICAL_NOTIFICATION", "_NET_WM_WINDOW_TYPE_NOTIFICATION",
-            "_NET_WM_WINDOW_TYPE_NORMAL"});
+            "_NET_WM_WINDOW_TYPE_UTILITY", "_NET_WM_WINDOW_TYPE_NORMAL"});
     if (shown.isVisible())
         return;
     // A window manager deletes both when a window is unmapped.
