@@ -37,6 +37,22 @@ TEST_F(EndingTest, signal_whileStarting_endsCleanly)
     endProgram(SIGTERM);
 }
 
+TEST_F(EndingTest, start_noDisplay_saysInOneSentenceWhatItNeeds)
+{
+    for (const std::string display : {"", ":nowhere"}) {
+        auto environment = session.environment(user);
+        environment["DISPLAY"] = display;
+        ChildProcess process(
+            {{SABLEQUILL_BINARY}, environment, user.path() / ("display" + display + ".log")});
+        const auto status = process.waitForExit();
+        ASSERT_TRUE(status) << "does not end";
+        EXPECT_TRUE(WIFEXITED(*status));
+        EXPECT_EQ(WEXITSTATUS(*status), 1);
+        EXPECT_EQ(process.output(),
+            "Sablequill needs an X server, or a Wayland session with XWayland.\n");
+    }
+}
+
 /// A display and a bus of its own, which a test takes away.
 class LosingTest : public testing::Test {
 protected:
