@@ -5,7 +5,8 @@
 # of the program in FOLDER, in a folder for each window manager (xfwm4, which composes, and openbox,
 # which does not), scale factor (1, 1.5, 2) and color scheme (light, dark); one of them when it is
 # named. Each picture is cut to its window. Fails at the first window that does not show. Needs the
-# packages of the groups build, demo and test.
+# packages of the groups build, demo and test, and a session bus of its own:
+# dbus-run-session --config-file=tools/demo/session-bus.conf -- tools/screenshots.sh …
 set -euo pipefail
 
 program="$(realpath "$1")"
