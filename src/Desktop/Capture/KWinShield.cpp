@@ -1,14 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "KWinShield.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
 namespace sablequill {
 namespace {
-
-const QString service = QStringLiteral("org.kde.KWin");
-const QString busService = QStringLiteral("org.freedesktop.DBus");
 
 /// A compositor that fails so often is left alone until something changes.
 constexpr int mostFailures = 6;
@@ -18,7 +12,7 @@ constexpr int mostFailures = 6;
 KWinShield::KWinShield(const QDBusConnection& bus, const Times& times)
     : times(times)
     , bus(bus)
-    , watcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange)
+    , kwin(bus, QStringLiteral("org.kde.KWin"))
 {
     patience.setSingleShot(true);
     patience.setInterval(times.patience);
@@ -28,26 +22,7 @@ KWinShield::KWinShield(const QDBusConnection& bus, const Times& times)
     });
     retry.setSingleShot(true);
     connect(&retry, &QTimer::timeout, this, &KWinShield::begin);
-    connect(&watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-        [this](const QString&, const QString&, const QString& newOwner) {
-            ownerChanged(!newOwner.isEmpty());
-        });
-    askForOwner();
-}
-
-void KWinShield::askForOwner()
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(busService,
-        QStringLiteral("/org/freedesktop/DBus"), busService, QStringLiteral("NameHasOwner"));
-    call.setArguments({service});
-    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        const QDBusPendingReply<bool> reply = *pending;
-        // The announcement of a change is newer.
-        if (!isThere)
-            ownerChanged(reply.isValid() && reply.value());
-    });
+    connect(&kwin, &BusName::ownerChanged, this, &KWinShield::ownerChanged);
 }
 
 void KWinShield::setWanted(bool isWanted)
@@ -56,7 +31,7 @@ void KWinShield::setWanted(bool isWanted)
         return;
     wanted = isWanted;
     failures = 0;
-    if (isThere)
+    if (kwin.isOwned())
         begin();
     else if (isWanted)
         startWaiting();
@@ -67,9 +42,8 @@ bool KWinShield::mustWait(WId) const
     return patience.isActive();
 }
 
-void KWinShield::ownerChanged(bool isThereNow)
+void KWinShield::ownerChanged()
 {
-    isThere = isThereNow;
     isUnsupported = false;
     failures = 0;
     job.reset();
@@ -79,7 +53,7 @@ void KWinShield::ownerChanged(bool isThereNow)
 void KWinShield::begin()
 {
     retry.stop();
-    if (!isThere.value_or(false)) {
+    if (!kwin.isOwned()) {
         settle(MirkEffect::none);
         return;
     }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "BusName.h"
 #include "CaptureShield.h"
 #include "KWinJob.h"
-
-#include <QDBusServiceWatcher>
 
 namespace sablequill {
 
@@ -33,8 +32,7 @@ public:
     bool mustWait(WId window) const override;
 
 private:
-    void askForOwner();
-    void ownerChanged(bool isThere);
+    void ownerChanged();
     void begin();
     void take(KWinJob::Result result);
     void settle(MirkEffect next);
@@ -43,13 +41,11 @@ private:
 
     const Times times;
     QDBusConnection bus;
-    QDBusServiceWatcher watcher;
+    BusName kwin;
     QTimer patience;
     QTimer retry;
     int failures = 0;
     std::optional<bool> wanted;
-    /// Whether KWin is on the bus; nothing until the bus has answered.
-    std::optional<bool> isThere;
     /// The KWin that is there cannot hide windows.
     bool isUnsupported = false;
     std::unique_ptr<KWinJob> job;

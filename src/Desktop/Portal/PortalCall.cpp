@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PortalCall.h"
 
-#include <QDBusPendingCallWatcher>
-
-#include <utility>
+#include "BusCall.h"
 
 namespace sablequill::PortalCall {
 
@@ -12,27 +10,12 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 
 QDBusMessage to(const QString& interface, const QString& method, const QVariantList& arguments)
 {
-    QDBusMessage call = toObject(path, interface, method);
-    call.setArguments(arguments);
-    return call;
+    return BusCall::to(service, path, interface, method, arguments);
 }
 
 QDBusMessage toObject(const QString& objectPath, const QString& interface, const QString& method)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, objectPath, interface, method);
-    call.setAutoStartService(false);
-    return call;
-}
-
-void send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
-    std::function<void(const QDBusMessage& answer)> answered)
-{
-    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), context);
-    QObject::connect(pending, &QDBusPendingCallWatcher::finished, context,
-        [pending, answered = std::move(answered)] {
-            pending->deleteLater();
-            answered(pending->reply());
-        });
+    return BusCall::to(service, objectPath, interface, method);
 }
 
 QString ownObject(const QDBusConnection& bus, const QString& kind, const QString& token)

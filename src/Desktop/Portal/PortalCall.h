@@ -4,10 +4,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 
-#include <functional>
-
-class QObject;
-
 /// Calls to the desktop's portal (org.freedesktop.portal.Desktop). Nothing here waits.
 namespace sablequill::PortalCall {
 
@@ -18,10 +14,6 @@ extern const QString path;
 QDBusMessage to(
     const QString& interface, const QString& method, const QVariantList& arguments = {});
 QDBusMessage toObject(const QString& objectPath, const QString& interface, const QString& method);
-
-/// Sends the call; `answered` gets the answer or the error, unless `context` has gone by then.
-void send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
-    std::function<void(const QDBusMessage& answer)> answered);
 
 /// The path of an object of ours below the portal's: a "request" or a "session", by the token that
 /// the call named.

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "PortalColorScheme.h"
 
+#include "BusCall.h"
+#include "PortalCall.h"
 #include "SessionBus.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusVariant>
 
 namespace sablequill {
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
@@ -25,23 +24,25 @@ PortalColorScheme::PortalColorScheme()
     std::optional<QDBusConnection> bus = sessionBus();
     if (!bus)
         return;
-    bus->connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-        SLOT(settingChanged(QDBusMessage)));
-    read();
+    bus->connect(PortalCall::service, PortalCall::path, interface, QStringLiteral("SettingChanged"),
+        this, SLOT(settingChanged(QDBusMessage)));
+    portal.emplace(*bus, PortalCall::service);
+    // Also of a portal that comes later: what it tells in its first moment is lost in the toolkit,
+    // which does not know yet whose signals these are.
+    connect(&*portal, &BusName::ownerChanged, this, [this] {
+        if (portal->isOwned())
+            read();
+    });
+    portal->start();
 }
 
 void PortalColorScheme::read()
 {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-    call.setArguments({appearance, colorScheme});
-    auto* pending =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        const QDBusPendingReply<QDBusVariant> reply = *pending;
-        if (!reply.isError())
-            take(reply.value().variant());
-        pending->deleteLater();
+    const QDBusMessage call =
+        PortalCall::to(interface, QStringLiteral("Read"), {appearance, colorScheme});
+    BusCall::send(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& answer) {
+        if (BusCall::isAnswer(answer))
+            take(answer.arguments().value(0));
     });
 }
 
@@ -53,11 +54,11 @@ void PortalColorScheme::settingChanged(const QDBusMessage& signal)
         take(change.value(2));
 }
 
-void PortalColorScheme::take(const QVariant& value)
+void PortalColorScheme::take(QVariant scheme)
 {
-    // The answer to a question holds one variant more than a signal.
-    const bool isNested = value.canConvert<QDBusVariant>();
-    const QVariant scheme = isNested ? value.value<QDBusVariant>().variant() : value;
+    // A signal wraps the value once, the answer to a question twice.
+    while (scheme.canConvert<QDBusVariant>())
+        scheme = scheme.value<QDBusVariant>().variant();
     const bool isDark = scheme.toUInt() == preferDark;
     if (isDark != prefersDark.get())
         prefersDark = isDark;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "BusName.h"
 #include "ColorScheme.h"
 
 #include <QDBusMessage>
@@ -9,7 +10,8 @@
 namespace sablequill {
 
 /// The preference that the desktop's Settings portal tells (org.freedesktop.appearance
-/// color-scheme), followed while the program runs. Asks without waiting for the answer.
+/// color-scheme), followed while the program runs, also from one portal to the next. Starts the
+/// portal when none runs, and waits for nobody's answer.
 class PortalColorScheme final : public ColorScheme {
     Q_OBJECT
 
@@ -21,7 +23,10 @@ private Q_SLOTS:
 
 private:
     void read();
-    void take(const QVariant& value);
+    void take(QVariant scheme);
+
+    /// Nothing without a session bus.
+    std::optional<BusName> portal;
 };
 
 } // namespace sablequill

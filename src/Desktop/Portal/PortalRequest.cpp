@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PortalRequest.h"
 
+#include "BusCall.h"
 #include "PortalCall.h"
 
 #include <utility>
@@ -30,9 +31,9 @@ void PortalRequest::send(
         SLOT(response(uint, QVariantMap)));
     options.insert(QStringLiteral("handle_token"), token);
     arguments.append(options);
-    PortalCall::send(bus, PortalCall::to(interface, method, arguments), this,
+    BusCall::send(bus, PortalCall::to(interface, method, arguments), this,
         [this](const QDBusMessage& answer) {
-            if (answer.type() == QDBusMessage::ErrorMessage)
+            if (!BusCall::isAnswer(answer))
                 response(success + 1, {});
         });
 }

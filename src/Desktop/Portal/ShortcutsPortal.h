@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusServiceWatcher>
-#include <QObject>
+#include "BusName.h"
+
+#include <QDBusMessage>
 
 #include <functional>
 
@@ -25,23 +25,16 @@ Q_SIGNALS:
     /// Where another portal takes the place of one, twice.
     void availabilityChanged();
 
-private Q_SLOTS:
-    void busEnded();
-
 private:
-    void start();
-    void findOwner();
-    void ownerIs(const QString& newOwner);
+    void ownerChanged();
     void announce();
     void askForVersion();
     void setAvailable(bool isThere);
-    /// As PortalCall::send, for answers that count only while the portal stays the same.
+    /// As BusCall::send, for answers that count only while the portal stays the same.
     void ask(const QDBusMessage& call, std::function<void(const QDBusMessage& answer)> answered);
 
     QDBusConnection bus;
-    QDBusServiceWatcher watcher;
-    /// The portal's unique name; empty while there is none.
-    QString owner;
+    BusName portal;
     bool available = false;
 };
 

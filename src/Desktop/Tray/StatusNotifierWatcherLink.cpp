@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "StatusNotifierWatcherLink.h"
 
+#include "BusCall.h"
+
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include <QDBusReply>
+#include <QDBusVariant>
 
 namespace sablequill {
 namespace {
@@ -11,15 +13,6 @@ namespace {
 const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString path = QStringLiteral("/StatusNotifierWatcher");
 const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
-
-QDBusMessage callTo(const QString& interface, const QString& method, const QVariantList& arguments)
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, method);
-    call.setArguments(arguments);
-    // It is the desktop that decides what shows its items.
-    call.setAutoStartService(false);
-    return call;
-}
 
 /// Whether the question went to a watcher that hangs, in contrast to none.
 bool isWithoutAnswer(const QDBusError& error)
@@ -77,24 +70,24 @@ void StatusNotifierWatcherLink::ownerChanged(const QString& newOwner)
 
 void StatusNotifierWatcherLink::registerItem()
 {
-    bus.send(callTo(service, QStringLiteral("RegisterStatusNotifierItem"), {itemPath}));
+    bus.send(BusCall::to(
+        service, path, service, QStringLiteral("RegisterStatusNotifierItem"), {itemPath}));
 }
 
 void StatusNotifierWatcherLink::askForHost()
 {
     const unsigned question = ++latest;
-    const QDBusMessage call = callTo(properties, QStringLiteral("Get"),
+    const QDBusMessage call = BusCall::to(service, path, properties, QStringLiteral("Get"),
         {service, QStringLiteral("IsStatusNotifierHostRegistered")});
-    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, question] {
-        pending->deleteLater();
+    BusCall::send(bus, call, this, [this, question](const QDBusMessage& answer) {
         if (question == latest)
-            takeAnswer(*pending);
+            takeAnswer(answer);
     });
 }
 
-void StatusNotifierWatcherLink::takeAnswer(const QDBusPendingReply<QDBusVariant>& reply)
+void StatusNotifierWatcherLink::takeAnswer(const QDBusMessage& answer)
 {
+    const QDBusReply<QDBusVariant> reply = answer;
     if (reply.isValid())
         take(reply.value().variant().toBool() ? Host::present : Host::absent);
     else if (reply.error().name() == u"org.freedesktop.DBus.Error.NameHasNoOwner")

@@ -2,9 +2,8 @@
 #pragma once
 
 #include <QDBusConnection>
-#include <QDBusPendingReply>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QObject>
 
 namespace sablequill {
@@ -41,7 +40,7 @@ private:
     void ownerChanged(const QString& newOwner);
     void registerItem();
     void follow(const QString& signal);
-    void takeAnswer(const QDBusPendingReply<QDBusVariant>& reply);
+    void takeAnswer(const QDBusMessage& answer);
     void takeNoWatcher();
     void take(Host host);
 

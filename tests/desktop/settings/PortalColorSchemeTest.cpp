@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace sablequill {
 namespace {
 
@@ -23,8 +25,8 @@ protected:
 
 TEST_F(PortalColorSchemeTest, prefersDark_portalChangesItsMind_follows)
 {
+    Appearance desktop(address);
     PortalColorScheme scheme;
-    const Appearance desktop(address);
     EXPECT_FALSE(scheme.prefersDark.get());
     for (const auto wanted : {Appearance::dark, Appearance::light, Appearance::dark}) {
         desktop.prefer(wanted);
@@ -36,12 +38,37 @@ TEST_F(PortalColorSchemeTest, prefersDark_portalChangesItsMind_follows)
 
 TEST_F(PortalColorSchemeTest, prefersDark_anotherSettingChanges_stays)
 {
+    Appearance desktop(address, Appearance::dark);
     PortalColorScheme scheme;
-    const Appearance desktop(address);
+    EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
+    desktop.changeContrast();
+    EXPECT_TRUE(runWhile([&] { return scheme.prefersDark.get(); }, Milliseconds(100)));
+}
+
+TEST_F(PortalColorSchemeTest, prefersDark_portalComesLater_asksIt)
+{
+    PortalColorScheme scheme;
+    EXPECT_TRUE(runWhile([&] { return !scheme.prefersDark.get(); }, Milliseconds(100)));
+    const Appearance desktop(address, Appearance::dark);
+    EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
+}
+
+TEST_F(PortalColorSchemeTest, prefersDark_portalRestartsWithAnotherAnswer_follows)
+{
+    auto desktop = std::make_unique<Appearance>(address, Appearance::dark);
+    PortalColorScheme scheme;
+    EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
+    desktop.reset();
+    desktop = std::make_unique<Appearance>(address, Appearance::light);
+    EXPECT_TRUE(runUntil([&] { return !scheme.prefersDark.get(); }));
+}
+
+TEST_F(PortalColorSchemeTest, prefersDark_changesAsThePortalComes_follows)
+{
+    PortalColorScheme scheme;
+    Appearance desktop(address);
     desktop.prefer(Appearance::dark);
     EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
-    desktop.prefer(Appearance::light, QStringLiteral("contrast"));
-    EXPECT_TRUE(runWhile([&] { return scheme.prefersDark.get(); }, Milliseconds(100)));
 }
 
 } // namespace

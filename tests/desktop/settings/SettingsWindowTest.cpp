@@ -120,11 +120,11 @@ TEST_P(WindowTest, colorScheme_changesWhileOpen_windowFollows)
     const Point ground{area.x + 6, area.bottom() - 6};
     const auto lightness = [&] { return colorAt(x, ground).lightness(); };
     ASSERT_TRUE(waitUntil([&] { return lightness() > 200; }));
-    const Appearance desktop(session.environment(user).at("DBUS_SESSION_BUS_ADDRESS"));
+    Appearance desktop(session.environment(user).at("DBUS_SESSION_BUS_ADDRESS"));
     desktop.prefer(Appearance::dark);
-    EXPECT_TRUE(waitUntil([&] { return lightness() < 80; }));
+    EXPECT_TRUE(runUntil([&] { return lightness() < 80; }));
     desktop.prefer(Appearance::light);
-    EXPECT_TRUE(waitUntil([&] { return lightness() > 200; }));
+    EXPECT_TRUE(runUntil([&] { return lightness() > 200; }));
     endProgram();
 }
 
