@@ -3,6 +3,7 @@
 #include "Constants.h"
 #include "DesktopPlatform.h"
 #include "MirkpadApp.h"
+#include "PopupStyle.h"
 #include "SingleInstance.h"
 #include "Toolkit.h"
 #include "UnixSignals.h"
@@ -27,6 +28,8 @@ int main(int, char* argv[])
     QApplication::setApplicationName(Constants::appName);
     QApplication::setDesktopFileName(Constants::bundleIdentifier);
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
+    // Before the first widget, which is then polished once.
+    QApplication::setStyle(new PopupStyle);
     installAccessibleContainers();
 
     DesktopPlatform desktop;

@@ -7,10 +7,8 @@
 #include "MirkDescription.h"
 #include "MirkProtection.h"
 #include "OverlayView.h"
-#include "PopupStyle.h"
 #include "Refresh.h"
 #include "SettingsView.h"
-#include "TextStyle.h"
 
 #include <QApplication>
 #include <QToolTip>
@@ -25,8 +23,6 @@ MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorSc
     , menuBarExtra(appState, platform, statusItem)
     , onboardingSheet(appState, platform)
 {
-    QApplication::setStyle(new PopupStyle);
-    QToolTip::setFont(font(TextStyles::subheadline));
     auto* following = new Refresh(this, [this] { followColorScheme(); });
     following->observe(&colorScheme);
     followColorScheme();

@@ -11,6 +11,7 @@
 #include <QPainterPath>
 #include <QStyleHintReturnMask>
 #include <QStyleOptionMenuItem>
+#include <QToolTip>
 
 #include <cmath>
 
@@ -122,6 +123,12 @@ PopupStyle::PopupStyle()
 void PopupStyle::setDestructive(QAction& action)
 {
     action.setProperty(destructiveProperty, true);
+}
+
+void PopupStyle::polish(QApplication* application)
+{
+    QProxyStyle::polish(application);
+    QToolTip::setFont(font(TextStyles::subheadline));
 }
 
 void PopupStyle::polish(QWidget* widget)

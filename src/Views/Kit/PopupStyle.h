@@ -19,6 +19,7 @@ public:
     static void setDestructive(QAction& action);
 
     using QProxyStyle::polish;
+    void polish(QApplication* application) override;
     void polish(QWidget* widget) override;
     int pixelMetric(
         PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;

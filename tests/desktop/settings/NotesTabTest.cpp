@@ -119,6 +119,18 @@ TEST_P(NotesTabTest, newNote_clicked_isFirstAndSelected)
     endProgram();
 }
 
+TEST_P(NotesTabTest, contextMenu_oneItem_isInTheProgramsOwnStyle)
+{
+    constexpr int itemHeight = 24;
+    constexpr int padding = 5;
+    openTab(notesTab);
+    openMenuOfRow(0, first);
+    EXPECT_EQ(areaOf(x, *menu())->height, itemHeight + 2 * padding);
+    keyboard.tap(KeyCode::escape);
+    EXPECT_TRUE(waitUntil([&] { return !menu(); }));
+    endProgram();
+}
+
 TEST_P(NotesTabTest, contextMenu_rightClick_deletesThatNoteAlone)
 {
     openTab(notesTab);

@@ -2,11 +2,14 @@
 #include "PopupStyle.h"
 
 #include "Ink.h"
+#include "TextStyle.h"
 #include "Widgets.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QStyleOption>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -113,6 +116,13 @@ TEST_F(PopupStyleTest, item_destructive_isRed)
     EXPECT_FALSE(shows(first, red));
     menu.setActiveAction(last);
     EXPECT_EQ(ground(last), red);
+}
+
+TEST_F(PopupStyleTest, polish_application_setsTooltipsInSmallType)
+{
+    ASSERT_NE(QToolTip::font(), font(TextStyles::subheadline));
+    style.polish(qApp);
+    EXPECT_EQ(QToolTip::font(), font(TextStyles::subheadline));
 }
 
 TEST_F(PopupStyleTest, tooltip_text_hasRoomAround)
