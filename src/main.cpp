@@ -33,8 +33,7 @@ int main(int, char* argv[])
     installAccessibleContainers();
 
     DesktopPlatform desktop;
-    MirkpadApp app(
-        desktop.platform(), desktop.statusItem, desktop.colorScheme, desktop.mirkProtection());
+    MirkpadApp app(desktop.platform(), desktop.statusItem, desktop.colorScheme);
     desktop.application.onShowSettingsWindow = [&] { app.showSettingsWindow(); };
     instance->onSecondStart(&app, [&] { app.openPopover(); });
     const UnixSignals terminating([&] { desktop.application.terminate(); });

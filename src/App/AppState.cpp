@@ -24,6 +24,7 @@ AppState::AppState(const Platform& platform, OverlayContentFactory overlayConten
     , settingsViewModel(std::make_shared<SettingsViewModel>(storageManager))
     , hotkeyManager(std::make_shared<HotkeyManager>(
           overlayManager, notesManager, platform.hotKeys, platform.mainQueue))
+    , mirkProtection(platform.mirkProtection)
     , overlayContentFactory(std::move(overlayContentFactory))
 {
     settingsViewModel->onSettingsChanged = [appState = QPointer(this)](const auto& settings) {

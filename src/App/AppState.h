@@ -12,6 +12,7 @@
 namespace sablequill {
 
 class HotkeyManager;
+class MirkProtection;
 class NotesManager;
 class OverlayManager;
 class SettingsViewModel;
@@ -33,6 +34,8 @@ public:
     const std::shared_ptr<OverlayManager> overlayManager;
     const std::shared_ptr<SettingsViewModel> settingsViewModel;
     const std::shared_ptr<HotkeyManager> hotkeyManager;
+    /// The desktop's, which outlives this object.
+    MirkProtection& mirkProtection;
 
     /// The first-run guide is to be shown.
     Published<bool> showOnboarding{this, false};

@@ -43,7 +43,7 @@ bool DesktopPlatform::isAvailable()
 
 Platform DesktopPlatform::platform()
 {
-    return {panels, screens, hotKeys.center(), loginItem, application, mainQueue};
+    return {panels, screens, hotKeys.center(), loginItem, application, mainQueue, *shield};
 }
 
 } // namespace sablequill

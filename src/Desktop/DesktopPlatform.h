@@ -32,8 +32,6 @@ public:
     DesktopStatusItem statusItem{sessionBus()};
     PortalColorScheme colorScheme;
 
-    MirkProtection& mirkProtection() { return *shield; }
-
 private:
     XServer server;
     const std::unique_ptr<CaptureShield> shield =

@@ -7,6 +7,7 @@ class Application;
 class HotKeyCenter;
 class LoginItem;
 class MainQueue;
+class MirkProtection;
 class PanelFactory;
 class Screens;
 
@@ -18,6 +19,7 @@ struct Platform {
     LoginItem& loginItem;
     Application& application;
     MainQueue& mainQueue;
+    MirkProtection& mirkProtection;
 };
 
 } // namespace sablequill

@@ -2,9 +2,11 @@
 #include "OverlayHeader.h"
 
 #include "Layout.h"
+#include "MirkDescription.h"
 #include "OverlayChrome.h"
 #include "PlainButton.h"
 #include "Plate.h"
+#include "Refresh.h"
 #include "SymbolView.h"
 #include "TextLabel.h"
 
@@ -31,7 +33,8 @@ Ink mirkInk(bool isEnabled)
 
 } // namespace
 
-OverlayHeader::OverlayHeader()
+OverlayHeader::OverlayHeader(MirkProtection& mirkProtection)
+    : mirkProtection(mirkProtection)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -55,6 +58,10 @@ OverlayHeader::OverlayHeader()
     setObjectName(QStringLiteral("headerBar"));
     mirkSymbol->setObjectName(QStringLiteral("mirkSymbol"));
     title->setObjectName(QStringLiteral("noteTitle"));
+
+    auto* refreshing = new Refresh(this, [this] { describeMirkMode(); });
+    refreshing->observe(&mirkProtection);
+    describeMirkMode();
 }
 
 QWidget* OverlayHeader::makeMirkBadge()
@@ -90,8 +97,9 @@ void OverlayHeader::showContent(const Content& content)
         content.isEditing ? QStringLiteral("eye") : QStringLiteral("pencil"));
 }
 
-void OverlayHeader::setMirkDescription(const QString& description)
+void OverlayHeader::describeMirkMode()
 {
+    const QString description = mirkDescription(mirkProtection.effect);
     for (QWidget* sign : {static_cast<QWidget*>(mirkSymbol), mirkBadge}) {
         sign->setToolTip(description);
         sign->setAccessibleDescription(description);

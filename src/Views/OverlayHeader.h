@@ -8,6 +8,7 @@
 
 namespace sablequill {
 
+class MirkProtection;
 class PlainButton;
 class SymbolView;
 class TextLabel;
@@ -18,7 +19,8 @@ class OverlayHeader : public QWidget {
     Q_OBJECT
 
 public:
-    OverlayHeader();
+    /// What the desktop does for Mirk mode outlives the header.
+    explicit OverlayHeader(MirkProtection& mirkProtection);
 
     /// What the header says.
     struct Content {
@@ -29,9 +31,6 @@ public:
         bool operator==(const Content&) const = default;
     };
     void showContent(const Content& content);
-
-    /// What a tooltip and a screen reader say of Mirk mode beside its being on or off.
-    void setMirkDescription(const QString& description);
 
     bool isHoveringHeader() const { return hovering; }
 
@@ -46,8 +45,10 @@ protected:
 private:
     QWidget* makeMirkBadge();
     PlainButton* overlayControlButton(const QString& icon, std::function<void()> action);
+    void describeMirkMode();
     void setHovering(bool isHovering);
 
+    MirkProtection& mirkProtection;
     std::optional<Content> shown;
     SymbolView* mirkSymbol;
     TextLabel* title;

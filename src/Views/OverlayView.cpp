@@ -38,7 +38,7 @@ OverlayView::OverlayView(AppState& appState)
 {
     chrome = new OverlayChrome(column(0,
         {
-            headerBar = new OverlayHeader,
+            headerBar = new OverlayHeader(appState.mirkProtection),
             divider(dividerOpacity),
             contentArea = makeContentArea(),
             divider(dividerOpacity),
@@ -136,11 +136,6 @@ void OverlayView::syncEditContent()
     showMode();
     if (isEditorShown() && isOtherText)
         writeThrough();
-}
-
-void OverlayView::setMirkDescription(const QString& description)
-{
-    headerBar->setMirkDescription(description);
 }
 
 QMargins OverlayView::shadowReach() const

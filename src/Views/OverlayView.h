@@ -46,9 +46,6 @@ public:
     /// shown a text that differs is an edit like any other, and written back.
     void syncEditContent();
 
-    /// What a tooltip and a screen reader say of Mirk mode beside its being on or off.
-    void setMirkDescription(const QString& description);
-
     QMargins shadowReach() const override;
     double cornerRadius() const override;
     void setComposited(bool isComposited) override;

@@ -6,6 +6,7 @@
 #include "FakeHotKeyCenter.h"
 #include "FakeLoginItem.h"
 #include "FakeMainQueue.h"
+#include "FakeMirkProtection.h"
 #include "FakePanel.h"
 #include "FakePanelContent.h"
 #include "FakeScreens.h"
@@ -64,7 +65,8 @@ protected:
     FakeLoginItem loginItem{journal};
     FakeApplication application{journal};
     FakeMainQueue mainQueue{journal, clock};
-    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue};
+    FakeMirkProtection mirkProtection{journal};
+    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection};
     AppState appState{platform, [](AppState&) { return std::make_unique<FakePanelContent>(); }};
 };
 

@@ -4,7 +4,6 @@
 #include "ColorScheme.h"
 #include "Icons.h"
 #include "Ink.h"
-#include "MirkDescription.h"
 #include "MirkProtection.h"
 #include "OverlayView.h"
 #include "Refresh.h"
@@ -15,19 +14,15 @@
 
 namespace sablequill {
 
-MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme,
-    MirkProtection& mirkProtection)
+MirkpadApp::MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme)
     : colorScheme(colorScheme)
-    , mirkProtection(mirkProtection)
-    , appState(platform, [this](AppState& state) { return makeOverlayView(state); })
+    , appState(platform, [](AppState& state) { return std::make_unique<OverlayView>(state); })
     , menuBarExtra(appState, platform, statusItem)
     , onboardingSheet(appState, platform)
 {
     auto* following = new Refresh(this, [this] { followColorScheme(); });
     following->observe(&colorScheme);
     followColorScheme();
-    auto* describing = new Refresh(this, [this] { describeMirkMode(); });
-    describing->observe(&mirkProtection);
 }
 
 MirkpadApp::~MirkpadApp() = default;
@@ -35,7 +30,7 @@ MirkpadApp::~MirkpadApp() = default;
 void MirkpadApp::launch()
 {
     // Before the first window: the popover shows notes too.
-    mirkProtection.setWanted(appState.currentSettings->mirkModeEnabled);
+    appState.mirkProtection.setWanted(appState.currentSettings->mirkModeEnabled);
     delegate.applicationDidFinishLaunching();
     menuBarExtra.launch();
 }
@@ -51,29 +46,11 @@ void MirkpadApp::showSettingsWindow()
         settingsWindow = std::make_unique<SettingsView>(appState);
         settingsWindow->setWindowTitle(tr("Sablequill Settings"));
         settingsWindow->setWindowIcon(applicationIcon());
-        describeMirkMode();
     }
     settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
     settingsWindow->show();
     settingsWindow->raise();
     settingsWindow->activateWindow();
-}
-
-std::unique_ptr<PanelContent> MirkpadApp::makeOverlayView(AppState& state)
-{
-    auto view = std::make_unique<OverlayView>(state);
-    overlayView = view.get();
-    describeMirkMode();
-    return view;
-}
-
-void MirkpadApp::describeMirkMode()
-{
-    const QString description = mirkDescription(mirkProtection.effect);
-    if (overlayView)
-        overlayView->setMirkDescription(description);
-    if (settingsWindow)
-        settingsWindow->setMirkDescription(description);
 }
 
 void MirkpadApp::followColorScheme()

@@ -8,24 +8,20 @@
 #include "StatusItem.h"
 
 #include <QObject>
-#include <QPointer>
 
 #include <memory>
 
 namespace sablequill {
 
 class ColorScheme;
-class MirkProtection;
-class OverlayView;
 class SettingsView;
 
 /// The application: holds the one application state for the life of the process, and its scenes:
 /// the status item with its popover, the Settings window, and the guide.
 class MirkpadApp : public QObject {
 public:
-    /// What the platform refers to and the other three outlive the application.
-    MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme,
-        MirkProtection& mirkProtection);
+    /// What the platform refers to and the other two outlive the application.
+    MirkpadApp(const Platform& platform, StatusItem& statusItem, ColorScheme& colorScheme);
     ~MirkpadApp() override;
 
     /// Begins the run; the toolkit's event loop is started by the caller afterwards.
@@ -36,14 +32,10 @@ public:
     void showSettingsWindow();
 
 private:
-    std::unique_ptr<PanelContent> makeOverlayView(AppState& state);
     void followColorScheme();
-    void describeMirkMode();
 
     ColorScheme& colorScheme;
-    MirkProtection& mirkProtection;
     AppDelegate delegate;
-    QPointer<OverlayView> overlayView;
     AppState appState;
     MenuBarExtra menuBarExtra;
     OnboardingSheet onboardingSheet;

@@ -3,6 +3,7 @@
 
 #include "FormCard.h"
 #include "Layout.h"
+#include "MirkDescription.h"
 #include "Refresh.h"
 #include "SettingsViewModel.h"
 #include "StepSlider.h"
@@ -60,8 +61,9 @@ QWidget* group(const QString& label, TextLabel* value, StepSlider* slider)
 
 } // namespace
 
-GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
+GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel, MirkProtection& mirkProtection)
     : viewModel(viewModel)
+    , mirkProtection(mirkProtection)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -85,6 +87,9 @@ GeneralSettingsTab::GeneralSettingsTab(SettingsViewModel& viewModel)
     auto* refreshing = new Refresh(this, refreshAll);
     refreshing->observe(&viewModel);
     refreshAll();
+    auto* describing = new Refresh(this, [this] { describeMirkMode(); });
+    describing->observe(&mirkProtection);
+    describeMirkMode();
 }
 
 QWidget* GeneralSettingsTab::opacityGroup()
@@ -140,8 +145,9 @@ QWidget* GeneralSettingsTab::toggle(const QString& label, Published<bool>& value
     return row(defaultSpacing, {new TextLabel(label), spacer(), control});
 }
 
-void GeneralSettingsTab::setMirkDescription(const QString& description)
+void GeneralSettingsTab::describeMirkMode()
 {
+    const QString description = mirkDescription(mirkProtection.effect);
     auto* control = mirkToggle->findChild<Switch*>();
     control->setToolTip(description);
     control->setAccessibleDescription(description);

@@ -9,6 +9,7 @@
 
 namespace sablequill {
 
+class MirkProtection;
 class SettingsViewModel;
 
 /// Opacity, font size and three switches. Every change of a control is saved and applied at once.
@@ -16,18 +17,17 @@ class GeneralSettingsTab : public QWidget {
     Q_OBJECT
 
 public:
-    /// The view model outlives the view.
-    explicit GeneralSettingsTab(SettingsViewModel& viewModel);
-
-    /// What a tooltip and a screen reader say of Mirk mode beside its being on or off.
-    void setMirkDescription(const QString& description);
+    /// Both outlive the view.
+    GeneralSettingsTab(SettingsViewModel& viewModel, MirkProtection& mirkProtection);
 
 private:
     QWidget* opacityGroup();
     QWidget* fontSizeGroup();
     QWidget* toggle(const QString& label, Published<bool>& value);
+    void describeMirkMode();
 
     SettingsViewModel& viewModel;
+    MirkProtection& mirkProtection;
     QWidget* mirkToggle = nullptr;
     /// Brings each control to what the view model holds.
     std::vector<std::function<void()>> refreshers;

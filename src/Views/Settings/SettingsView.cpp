@@ -26,7 +26,7 @@ SettingsRootView::SettingsRootView(SettingsViewModel& viewModel, AppState& appSt
 {
     setFixedSize(viewSize);
     addTab(QStringLiteral("General"), QStringLiteral("slider.horizontal.3"),
-        general = new GeneralSettingsTab(viewModel));
+        new GeneralSettingsTab(viewModel, appState.mirkProtection));
     addTab(QStringLiteral("Notes"), QStringLiteral("note.text"),
         new NotesSettingsTab(*appState.notesManager));
     addTab(QStringLiteral("Shortcuts"), QStringLiteral("command"),
@@ -67,11 +67,6 @@ void SettingsRootView::setCurrentTab(int tab)
         tabs[static_cast<std::size_t>(i)]->setChecked(i == tab);
 }
 
-void SettingsRootView::setMirkDescription(const QString& description)
-{
-    general->setMirkDescription(description);
-}
-
 void SettingsRootView::addTabKeys()
 {
     // Shortcuts, as a slider and a list take the page keys with any modifier.
@@ -83,17 +78,11 @@ void SettingsRootView::addTabKeys()
 }
 
 SettingsView::SettingsView(AppState& appState)
-    : root(new SettingsRootView(*appState.settingsViewModel, appState))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(root);
-}
-
-void SettingsView::setMirkDescription(const QString& description)
-{
-    root->setMirkDescription(description);
+    layout->addWidget(new SettingsRootView(*appState.settingsViewModel, appState));
 }
 
 } // namespace sablequill

@@ -10,7 +10,6 @@ class QStackedWidget;
 namespace sablequill {
 
 class AppState;
-class GeneralSettingsTab;
 class SettingsViewModel;
 class TabButton;
 
@@ -24,7 +23,6 @@ public:
 
     int currentTab() const;
     void setCurrentTab(int tab);
-    void setMirkDescription(const QString& description);
 
 private:
     void addTab(const QString& label, const QString& icon, QWidget* content);
@@ -33,7 +31,6 @@ private:
 
     std::vector<TabButton*> tabs;
     QStackedWidget* contents = nullptr;
-    GeneralSettingsTab* general = nullptr;
 };
 
 /// The content of the Settings window: always on the one view model of the application state.
@@ -41,12 +38,6 @@ class SettingsView : public QWidget {
 public:
     /// The application state outlives the view.
     explicit SettingsView(AppState& appState);
-
-    /// What a tooltip and a screen reader say of Mirk mode at its switch.
-    void setMirkDescription(const QString& description);
-
-private:
-    SettingsRootView* root;
 };
 
 } // namespace sablequill

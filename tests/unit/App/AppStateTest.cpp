@@ -5,6 +5,7 @@
 #include "FakeHotKeyCenter.h"
 #include "FakeLoginItem.h"
 #include "FakeMainQueue.h"
+#include "FakeMirkProtection.h"
 #include "FakePanel.h"
 #include "FakePanelContent.h"
 #include "FakeScreens.h"
@@ -61,7 +62,8 @@ protected:
     FakeLoginItem loginItem{journal};
     FakeApplication application{journal};
     FakeMainQueue mainQueue{journal, clock};
-    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue};
+    FakeMirkProtection mirkProtection{journal};
+    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection};
     AppState* contentState = nullptr;
 };
 

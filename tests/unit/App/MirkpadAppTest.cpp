@@ -61,8 +61,9 @@ protected:
     FakeStatusItem statusItem{journal};
     ColorScheme colorScheme;
     FakeMirkProtection mirkProtection{journal};
-    MirkpadApp app{Platform{panels, screens, hotKeys, loginItem, application, mainQueue},
-        statusItem, colorScheme, mirkProtection};
+    MirkpadApp app{
+        Platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection},
+        statusItem, colorScheme};
 };
 
 TEST_F(MirkpadAppTest, construct_always_onlyThePopoversPanelIsMade)

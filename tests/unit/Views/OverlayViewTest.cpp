@@ -3,6 +3,7 @@
 
 #include "CrossFade.h"
 #include "Ink.h"
+#include "MirkDescription.h"
 
 #include <QPointer>
 
@@ -120,13 +121,18 @@ TEST_F(OverlayViewTest, mirkMode_offAndOn_colorsTheEyeAndShowsTheBadge)
     EXPECT_TRUE(child(u"mirkBadge"_s).isVisible());
 }
 
-TEST_F(OverlayViewTest, mirkDescription_set_isOnTheBadgeAndTheEye)
+TEST_F(OverlayViewTest, mirkEffect_startAndChange_isSaidByTheBadgeAndTheEye)
 {
-    view->setMirkDescription(u"Hidden from captures"_s);
-    for (const QString& name : {u"mirkBadge"_s, u"mirkSymbol"_s}) {
-        EXPECT_EQ(child(name).toolTip(), u"Hidden from captures"_s);
-        EXPECT_EQ(child(name).accessibleDescription(), u"Hidden from captures"_s);
-    }
+    const auto expectSaid = [this](MirkEffect effect) {
+        for (const QString& name : {u"mirkBadge"_s, u"mirkSymbol"_s}) {
+            EXPECT_EQ(child(name).toolTip(), mirkDescription(effect));
+            EXPECT_EQ(child(name).accessibleDescription(), mirkDescription(effect));
+        }
+    };
+    expectSaid(MirkEffect::unknown);
+    mirkProtection.effect = MirkEffect::hidden;
+    turn();
+    expectSaid(MirkEffect::hidden);
 }
 
 TEST_F(OverlayViewTest, fontSize_changed_isTakenInBothModes)

@@ -4,6 +4,7 @@
 #include "Accessibility.h"
 #include "AppFixture.h"
 #include "Ink.h"
+#include "MirkDescription.h"
 #include "StepSlider.h"
 #include "Switch.h"
 #include "TextLabel.h"
@@ -49,7 +50,7 @@ protected:
     Switch& control(const QString& label) { return found<Switch>(tab, label); }
 
     SettingsViewModel& viewModel = *appState.settingsViewModel;
-    GeneralSettingsTab tab{viewModel};
+    GeneralSettingsTab tab{viewModel, mirkProtection};
     StepSlider& opacity = found<StepSlider>(tab, QStringLiteral("opacity"));
     StepSlider& fontSize = found<StepSlider>(tab, QStringLiteral("fontSize"));
 };
@@ -288,13 +289,18 @@ TEST_F(GeneralSettingsTabTest, accessible_valueBetweenSteps_isSetToAStep)
     EXPECT_EQ(opacityText(), QStringLiteral("52%"));
 }
 
-TEST_F(GeneralSettingsTabTest, mirkDescription_set_isSaidAtTheSwitchOnly)
+TEST_F(GeneralSettingsTabTest, mirkEffect_startAndChange_isSaidAtTheSwitchOnly)
 {
-    const QString text = QStringLiteral("Nothing is hidden here.");
-    tab.setMirkDescription(text);
-    EXPECT_EQ(found(tab, mirk).toolTip(), text);
-    EXPECT_EQ(found(tab, mirk).parentWidget()->toolTip(), text);
-    EXPECT_EQ(found(tab, mirk).accessibleDescription(), text);
+    const auto expectSaid = [this](MirkEffect effect) {
+        const QString text = mirkDescription(effect);
+        EXPECT_EQ(found(tab, mirk).toolTip(), text);
+        EXPECT_EQ(found(tab, mirk).parentWidget()->toolTip(), text);
+        EXPECT_EQ(found(tab, mirk).accessibleDescription(), text);
+    };
+    expectSaid(MirkEffect::unknown);
+    mirkProtection.effect = MirkEffect::none;
+    turn();
+    expectSaid(MirkEffect::none);
     EXPECT_EQ(found(tab, atLogin).toolTip(), QString());
     EXPECT_EQ(accessibleName(found(tab, mirk)), mirk);
 }
