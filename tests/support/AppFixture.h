@@ -2,30 +2,21 @@
 #pragma once
 
 #include "AppState.h"
-#include "FakeApplication.h"
-#include "FakeHotKeyCenter.h"
-#include "FakeLoginItem.h"
-#include "FakeMainQueue.h"
-#include "FakeMirkProtection.h"
-#include "FakePanel.h"
 #include "FakePanelContent.h"
-#include "FakeScreens.h"
 #include "HotkeyManager.h"
 #include "NotesManager.h"
 #include "OverlayManager.h"
+#include "PlatformFixture.h"
 #include "SettingsViewModel.h"
 #include "StorageManager.h"
-#include "TemporaryHome.h"
 #include "WindowManager.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace sablequill {
 
 /// The application state of a first run on a desktop in memory.
-class AppFixture : public testing::Test {
+class AppFixture : public PlatformFixture {
 protected:
     /// Replaces the list by notes titled "Note 1", "Note 2" and so on, the first one selected.
     void makeNotes(int count)
@@ -56,17 +47,6 @@ protected:
         return std::count(lines.begin(), lines.end(), call);
     }
 
-    TemporaryHome home;
-    Journal journal;
-    FakeClock clock;
-    FakePanelFactory panels{journal, clock};
-    FakeScreens screens{journal};
-    FakeHotKeyCenter hotKeys{journal};
-    FakeLoginItem loginItem{journal};
-    FakeApplication application{journal};
-    FakeMainQueue mainQueue{journal, clock};
-    FakeMirkProtection mirkProtection{journal};
-    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection};
     AppState appState{platform, [](AppState&) { return std::make_unique<FakePanelContent>(); }};
 };
 

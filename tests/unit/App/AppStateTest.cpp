@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "AppState.h"
 
-#include "FakeApplication.h"
-#include "FakeHotKeyCenter.h"
-#include "FakeLoginItem.h"
-#include "FakeMainQueue.h"
-#include "FakeMirkProtection.h"
-#include "FakePanel.h"
 #include "FakePanelContent.h"
-#include "FakeScreens.h"
 #include "HotkeyManager.h"
 #include "NotesManager.h"
 #include "OverlayManager.h"
+#include "PlatformFixture.h"
 #include "SettingsViewModel.h"
 #include "StorageManager.h"
-#include "TemporaryHome.h"
 #include "WindowManager.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -32,7 +23,7 @@ const Lines hotKeysRegistered{"hotKeys.installEventHandler(1801812322, 5)",
     "hotKeys.registerHotKey(125, 768, 1296781380, 3)",
     "hotKeys.registerHotKey(126, 768, 1296781380, 4)"};
 
-class AppStateTest : public testing::Test {
+class AppStateTest : public PlatformFixture {
 protected:
     std::unique_ptr<AppState> start()
     {
@@ -53,17 +44,6 @@ protected:
     AppSettings savedSettings() { return StorageManager(loginItem).settings; }
     FakePanel& panel() { return *panels.panel; }
 
-    TemporaryHome home;
-    Journal journal;
-    FakeClock clock;
-    FakePanelFactory panels{journal, clock};
-    FakeScreens screens{journal};
-    FakeHotKeyCenter hotKeys{journal};
-    FakeLoginItem loginItem{journal};
-    FakeApplication application{journal};
-    FakeMainQueue mainQueue{journal, clock};
-    FakeMirkProtection mirkProtection{journal};
-    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection};
     AppState* contentState = nullptr;
 };
 

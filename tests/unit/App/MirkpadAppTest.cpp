@@ -2,30 +2,21 @@
 #include "MirkpadApp.h"
 
 #include "ColorScheme.h"
-#include "FakeApplication.h"
-#include "FakeHotKeyCenter.h"
-#include "FakeLoginItem.h"
-#include "FakeMainQueue.h"
-#include "FakeMirkProtection.h"
-#include "FakePanel.h"
-#include "FakeScreens.h"
 #include "FakeStatusItem.h"
 #include "Ink.h"
 #include "MirkDescription.h"
 #include "OverlayView.h"
+#include "PlatformFixture.h"
 #include "SettingsView.h"
-#include "TemporaryHome.h"
 #include "Widgets.h"
 
 #include <QApplication>
 #include <QToolTip>
 
-#include <gtest/gtest.h>
-
 namespace sablequill {
 namespace {
 
-class MirkpadAppTest : public testing::Test {
+class MirkpadAppTest : public PlatformFixture {
 protected:
     ~MirkpadAppTest() override
     {
@@ -49,21 +40,9 @@ protected:
     }
 
     const QPalette oldPalette = QApplication::palette();
-    TemporaryHome home;
-    Journal journal;
-    FakeClock clock;
-    FakePanelFactory panels{journal, clock};
-    FakeScreens screens{journal};
-    FakeHotKeyCenter hotKeys{journal};
-    FakeLoginItem loginItem{journal};
-    FakeApplication application{journal};
-    FakeMainQueue mainQueue{journal, clock};
     FakeStatusItem statusItem{journal};
     ColorScheme colorScheme;
-    FakeMirkProtection mirkProtection{journal};
-    MirkpadApp app{
-        Platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection},
-        statusItem, colorScheme};
+    MirkpadApp app{platform, statusItem, colorScheme};
 };
 
 TEST_F(MirkpadAppTest, construct_always_onlyThePopoversPanelIsMade)

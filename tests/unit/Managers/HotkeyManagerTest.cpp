@@ -58,8 +58,8 @@ TEST_F(HotkeyManagerTest, registerHotkeys_twice_replacesTheHotKeysAndKeepsTheOld
             "hotKeys.registerHotKey(125, 768, 1296781380, 3)",
             "hotKeys.registerHotKey(126, 768, 1296781380, 4)"}));
     EXPECT_EQ(manager->registeredHotkeys().size(), 4U);
-    EXPECT_EQ(center.hotKeys.size(), 4U);
-    EXPECT_EQ(center.dispatchers.size(), 2U);
+    EXPECT_EQ(hotKeys.hotKeys.size(), 4U);
+    EXPECT_EQ(hotKeys.dispatchers.size(), 2U);
     EXPECT_EQ(manager->installedEventHandler(), EventHandlerRef{2});
 }
 
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Masks, HotkeyMaskTest,
 
 TEST_F(HotkeyManagerTest, registerHotkeys_combinationOwnedElsewhere_entryWithoutReference)
 {
-    center.ownedElsewhere = {{31, 768}};
+    hotKeys.ownedElsewhere = {{31, 768}};
     registerStored();
 
     EXPECT_EQ(manager->registeredHotkeys().size(), 4U);
@@ -156,9 +156,9 @@ TEST_F(HotkeyManagerTest, registerHotkeys_combinationOwnedElsewhere_entryWithout
 
 TEST_F(HotkeyManagerTest, registerHotkeys_combinationFreedLater_isRegistered)
 {
-    center.ownedElsewhere = {{31, 768}};
+    hotKeys.ownedElsewhere = {{31, 768}};
     registerStored();
-    center.ownedElsewhere.clear();
+    hotKeys.ownedElsewhere.clear();
 
     manager->registerHotkeys();
 
@@ -172,8 +172,8 @@ TEST_F(HotkeyManagerTest, destroy_registered_unregistersNothing)
     manager.reset();
 
     EXPECT_EQ(journal.take(), Lines{});
-    EXPECT_EQ(center.hotKeys.size(), 4U);
-    EXPECT_EQ(center.dispatchers.size(), 1U);
+    EXPECT_EQ(hotKeys.hotKeys.size(), 4U);
+    EXPECT_EQ(hotKeys.dispatchers.size(), 1U);
 }
 
 // Changing one binding
@@ -220,7 +220,7 @@ TEST_F(HotkeyManagerTest, updateShortcut_neverRegistered_unregistersNothing)
 TEST_F(HotkeyManagerTest, updateShortcut_combinationOwnedElsewhere_savesStill)
 {
     registerStored();
-    center.ownedElsewhere = {{45, 2048}};
+    hotKeys.ownedElsewhere = {{45, 2048}};
 
     manager->updateShortcut(HotkeyAction::nextNote, optionN);
 

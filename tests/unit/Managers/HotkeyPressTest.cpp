@@ -16,7 +16,7 @@ TEST_F(HotkeyPressTest, press_toggle_handledAtOnceAndDoneInTheNextTurn)
 {
     registerStored();
 
-    EXPECT_EQ(center.press(shiftCommandG), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandG), 0);
 
     EXPECT_EQ(journal.take(), Lines{"mainQueue.async()"});
     EXPECT_TRUE(overlay->isVisible);
@@ -28,7 +28,7 @@ TEST_F(HotkeyPressTest, press_quickOpen_opensForEditing)
 {
     registerStored();
 
-    EXPECT_EQ(center.press(shiftCommandO), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandO), 0);
     clock.advance(0);
 
     EXPECT_TRUE(overlay->isEditing);
@@ -42,12 +42,12 @@ TEST_F(HotkeyPressTest, press_nextAndPrevious_moveTheSelection)
     const auto& list = notes->notes.get();
     ASSERT_EQ(notes->selectedNoteID.get(), list[0].id);
 
-    EXPECT_EQ(center.press(shiftCommandDown), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandDown), 0);
     clock.advance(0);
     EXPECT_EQ(notes->selectedNoteID.get(), list[1].id);
 
-    EXPECT_EQ(center.press(shiftCommandUp), 0);
-    EXPECT_EQ(center.press(shiftCommandUp), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandUp), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandUp), 0);
     clock.advance(0);
     EXPECT_EQ(notes->selectedNoteID.get(), list[2].id);
 }
@@ -58,9 +58,9 @@ TEST_F(HotkeyPressTest, press_registeredTwice_eachPressActsOnce)
     manager->registerHotkeys();
     const auto& list = notes->notes.get();
 
-    center.press(shiftCommandDown);
-    center.press(shiftCommandG);
-    center.press(shiftCommandO);
+    hotKeys.press(shiftCommandDown);
+    hotKeys.press(shiftCommandG);
+    hotKeys.press(shiftCommandO);
     clock.advance(0);
 
     EXPECT_EQ(notes->selectedNoteID.get(), list[1].id);
@@ -75,8 +75,8 @@ TEST_F(HotkeyPressTest, press_updatedShortcut_newKeyActsAndOldOneDoesNot)
         HotkeyAction::nextNote, {45, KeyboardShortcutBinding::ModifierFlags::option});
     const auto& list = notes->notes.get();
 
-    EXPECT_EQ(center.press(shiftCommandDown), -9874);
-    EXPECT_EQ(center.press({45, 2048}), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandDown), -9874);
+    EXPECT_EQ(hotKeys.press({45, 2048}), 0);
     clock.advance(0);
 
     EXPECT_EQ(notes->selectedNoteID.get(), list[1].id);
@@ -96,7 +96,7 @@ TEST_F(HotkeyPressTest, event_foreignSignature_isTakenAsOurs)
 {
     registerStored();
 
-    EXPECT_EQ(center.deliver({{0, 1}}), 0);
+    EXPECT_EQ(hotKeys.deliver({{0, 1}}), 0);
     clock.advance(0);
 
     EXPECT_FALSE(overlay->isVisible);
@@ -106,7 +106,7 @@ TEST_F(HotkeyPressTest, event_noUserData_isNotHandled)
 {
     registerStored();
 
-    EXPECT_EQ(center.dispatchers.at(0).handler({{fourCharacterCode("MKPD"), 1}}, nullptr), -9874);
+    EXPECT_EQ(hotKeys.dispatchers.at(0).handler({{fourCharacterCode("MKPD"), 1}}, nullptr), -9874);
 
     EXPECT_EQ(journal.take(), Lines{});
 }
@@ -115,9 +115,9 @@ TEST_F(HotkeyPressTest, event_anyAction_handlerServesHotKeyPressesOfThisManager)
 {
     registerStored();
 
-    ASSERT_EQ(center.dispatchers.size(), 1U);
-    EXPECT_EQ(center.dispatchers[0].spec, (EventTypeSpec{0x6B657962, 5}));
-    EXPECT_EQ(center.dispatchers[0].userData, manager.get());
+    ASSERT_EQ(hotKeys.dispatchers.size(), 1U);
+    EXPECT_EQ(hotKeys.dispatchers[0].spec, (EventTypeSpec{0x6B657962, 5}));
+    EXPECT_EQ(hotKeys.dispatchers[0].userData, manager.get());
 }
 
 TEST_F(HotkeyPressTest, press_overlayManagerGone_isIgnored)
@@ -125,8 +125,8 @@ TEST_F(HotkeyPressTest, press_overlayManagerGone_isIgnored)
     registerStored();
     overlay.reset();
 
-    EXPECT_EQ(center.press(shiftCommandG), 0);
-    EXPECT_EQ(center.press(shiftCommandO), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandG), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandO), 0);
     clock.advance(0);
 
     EXPECT_EQ(journal.take(), (Lines{"mainQueue.async()", "mainQueue.async()"}));
@@ -138,8 +138,8 @@ TEST_F(HotkeyPressTest, press_notesManagerGone_isIgnored)
     overlay.reset();
     notes.reset();
 
-    EXPECT_EQ(center.press(shiftCommandDown), 0);
-    EXPECT_EQ(center.press(shiftCommandUp), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandDown), 0);
+    EXPECT_EQ(hotKeys.press(shiftCommandUp), 0);
     clock.advance(0);
 
     EXPECT_EQ(journal.take(), (Lines{"mainQueue.async()", "mainQueue.async()"}));
@@ -161,7 +161,7 @@ TEST_F(HotkeyPressTest, press_managerHeldWeakly_overlayManagerEnds)
 TEST_F(HotkeyPressTest, press_hotkeyManagerGoneBeforeTheNextTurn_isIgnored)
 {
     registerStored();
-    center.press(shiftCommandG);
+    hotKeys.press(shiftCommandG);
 
     manager.reset();
     clock.advance(0);

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "OverlayManager.h"
 
-#include "FakeApplication.h"
-#include "FakeLoginItem.h"
 #include "NotesManager.h"
 #include "OverlayEnvironment.h"
+#include "PlatformFixture.h"
 #include "StorageManager.h"
-#include "TemporaryHome.h"
 #include "WindowManagerFixture.h"
 
 namespace sablequill {
@@ -39,7 +37,7 @@ struct FakeEnvironment final : OverlayEnvironment {
     std::function<void()> whileMaking;
 };
 
-class OverlayManagerTest : public testing::Test {
+class OverlayManagerTest : public PlatformFixture {
 protected:
     OverlayManagerTest()
     {
@@ -55,14 +53,6 @@ protected:
 
     FakePanel& panel() { return *panels.panel; }
 
-    TemporaryHome home;
-    Journal journal;
-    FakeClock clock;
-    FakePanelFactory panels{journal, clock};
-    FakeScreens screens{journal};
-    FakeMainQueue mainQueue{journal, clock};
-    FakeApplication application{journal};
-    FakeLoginItem loginItem{journal};
     FakeEnvironment environment{journal, loginItem};
     std::shared_ptr<WindowManager> windowManager =
         std::make_shared<WindowManager>(panels, screens, mainQueue);

@@ -21,7 +21,7 @@ protected:
         turn();
     }
 
-    bool isStamped(std::size_t index) { return note(index).updatedAt != Timestamp(); }
+    bool isStamped(int index) { return note(index).updatedAt != Timestamp(); }
 };
 
 TEST_F(OverlayViewEditingTest, editButton_clicked_switchesToTheEditorAndBack)

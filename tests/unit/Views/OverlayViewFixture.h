@@ -1,33 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "AppState.h"
-#include "FakeApplication.h"
-#include "FakeHotKeyCenter.h"
-#include "FakeLoginItem.h"
-#include "FakeMainQueue.h"
-#include "FakeMirkProtection.h"
-#include "FakePanel.h"
-#include "FakePanelContent.h"
-#include "FakeScreens.h"
+#include "AppFixture.h"
 #include "NoteEditor.h"
 #include "NoteTextView.h"
-#include "NotesManager.h"
 #include "OverlayFooter.h"
 #include "OverlayHeader.h"
-#include "OverlayManager.h"
 #include "OverlayView.h"
 #include "PlainButton.h"
 #include "SymbolView.h"
-#include "TemporaryHome.h"
 #include "TextLabel.h"
 #include "Widgets.h"
 
 #include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace sablequill {
 using namespace Qt::StringLiterals;
@@ -42,7 +27,7 @@ protected:
 };
 
 /// An overlay view on an application state of its own, in a window of the panel's default size.
-class OverlayViewFixture : public testing::Test {
+class OverlayViewFixture : public AppFixture {
 protected:
     OverlayViewFixture()
     {
@@ -115,7 +100,6 @@ protected:
     QString counter() { return child<TextLabel>(u"noteCounter"_s).text(); }
     bool isEditorShown() { return editor().isVisible(); }
     QString read() { return textView().toPlainText(); }
-    const MirkpadItem& note(std::size_t index) { return notes.notes->at(index); }
 
     /// In the card's coordinates.
     QRect frameInCard(const QString& name)
@@ -124,18 +108,6 @@ protected:
         return frameIn(*view, child(name)).translated(-reach.left(), -reach.top());
     }
 
-    TemporaryHome home;
-    Journal journal;
-    FakeClock clock;
-    FakePanelFactory panels{journal, clock};
-    FakeScreens screens{journal};
-    FakeHotKeyCenter hotKeys{journal};
-    FakeLoginItem loginItem{journal};
-    FakeApplication application{journal};
-    FakeMainQueue mainQueue{journal, clock};
-    FakeMirkProtection mirkProtection{journal};
-    Platform platform{panels, screens, hotKeys, loginItem, application, mainQueue, mirkProtection};
-    AppState appState{platform, [](AppState&) { return std::make_unique<FakePanelContent>(); }};
     NotesManager& notes = *appState.notesManager;
     OverlayManager& overlay = *appState.overlayManager;
     PanelStandIn window;
