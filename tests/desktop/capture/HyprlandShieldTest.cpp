@@ -40,16 +40,39 @@ protected:
 
     static qint64 ownPid() { return QCoreApplication::applicationPid(); }
 
+    /// From now on the compositor has a window of ours at that address.
+    void list(const QByteArray& address) { hyprland.windows.push_back({address, ownPid()}); }
+
     /// A window of ours that the compositor has as well.
     void show(QWindow& window, const QByteArray& address)
     {
         window.show();
-        hyprland.windows.push_back({address, ownPid()});
+        list(address);
+    }
+
+    /// Shows the panel and turns Mirk mode on.
+    bool hidesPanel(HyprlandShield& shield)
+    {
+        show(panel, first);
+        shield.setWanted(true);
+        return becomes(shield, MirkEffect::blackBox);
     }
 
     static bool becomes(const HyprlandShield& shield, MirkEffect effect)
     {
         return runUntil([&] { return shield.effect.get() == effect; });
+    }
+
+    /// Whether the window may be shown before long.
+    static bool isReleased(const HyprlandShield& shield, WId window)
+    {
+        return runUntil([&] { return !shield.mustWait(window); });
+    }
+
+    /// Whether the list of windows, which lacks one, is asked for again and again.
+    bool asksAgain()
+    {
+        return runUntil([&] { return hyprland.requests.count("j/clients") >= 3; });
     }
 
     bool becomesHidden(const QSet<QByteArray>& windows)
@@ -84,9 +107,7 @@ TEST_P(HyprlandFormTest, setWanted_noListOfWindows_theOneOfThePidIsHidden)
     hyprland.form = GetParam();
     hyprland.listsWindows = false;
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    EXPECT_TRUE(becomes(shield, MirkEffect::blackBox));
+    EXPECT_TRUE(hidesPanel(shield));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
     shield.setWanted(false);
     EXPECT_TRUE(becomesHidden({}));
@@ -98,9 +119,7 @@ TEST_F(HyprlandShieldTest, setWanted_formOnceFound_isTheOnlyOneUsed)
 {
     hyprland.form = 2;
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     hyprland.requests.clear();
     shield.setWanted(false);
     ASSERT_TRUE(becomesHidden({}));
@@ -111,9 +130,7 @@ TEST_F(HyprlandShieldTest, setWanted_formOnceFound_isTheOnlyOneUsed)
 TEST_F(HyprlandShieldTest, setWanted_sameAgain_asksNothing)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     hyprland.requests.clear();
     EXPECT_TRUE(runWhile(
         [&] {
@@ -138,7 +155,7 @@ TEST_F(HyprlandShieldTest, windowShown_mirkModeOn_waitsUntilItIsHidden)
     panel.create();
     EXPECT_TRUE(shield.mustWait(panel.winId()));
     show(panel, first);
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
     EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
 }
@@ -150,8 +167,8 @@ TEST_F(HyprlandShieldTest, widgetShown_mirkModeOn_isHiddenLikeAnyWindow)
     QWidget widget;
     widget.show();
     EXPECT_TRUE(shield.mustWait(widget.effectiveWinId()));
-    hyprland.windows.push_back({first, ownPid()});
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(widget.effectiveWinId()); }));
+    list(first);
+    EXPECT_TRUE(isReleased(shield, widget.effectiveWinId()));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
@@ -160,32 +177,28 @@ TEST_F(HyprlandShieldTest, windowShown_compositorHasItLater_waitsForThat)
     HyprlandShield shield(path, patient);
     shield.setWanted(true);
     panel.show();
-    ASSERT_TRUE(runUntil([&] { return hyprland.requests.count("j/clients") >= 3; }));
+    ASSERT_TRUE(asksAgain());
     EXPECT_TRUE(shield.mustWait(panel.winId()));
-    hyprland.windows.push_back({first, ownPid()});
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
+    list(first);
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
 TEST_F(HyprlandShieldTest, windowShown_secondOne_firstDoesNotWaitAgain)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     show(popover, second);
     EXPECT_FALSE(shield.mustWait(panel.winId()));
     EXPECT_TRUE(shield.mustWait(popover.winId()));
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(popover.winId()); }));
+    EXPECT_TRUE(isReleased(shield, popover.winId()));
     EXPECT_EQ(hyprland.hidden, QSet({first, second}));
 }
 
 TEST_F(HyprlandShieldTest, windowShown_againAfterHiding_doesNotWaitAndIsHiddenAnew)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     panel.hide();
     hyprland.hidden.clear();
     panel.show();
@@ -196,26 +209,22 @@ TEST_F(HyprlandShieldTest, windowShown_againAfterHiding_doesNotWaitAndIsHiddenAn
 TEST_F(HyprlandShieldTest, windowShown_anotherOneIsStillListed_isNotTakenForIt)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     panel.destroy();
     popover.show();
     hyprland.requests.clear();
-    ASSERT_TRUE(runUntil([&] { return hyprland.requests.count("j/clients") >= 3; }));
+    ASSERT_TRUE(asksAgain());
     EXPECT_TRUE(shield.mustWait(popover.winId()));
-    hyprland.windows.push_back({second, ownPid()});
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(popover.winId()); }));
+    list(second);
+    EXPECT_TRUE(isReleased(shield, popover.winId()));
     EXPECT_EQ(hyprland.hidden, QSet({first, second}));
 }
 
 TEST_F(HyprlandShieldTest, setWanted_allSeemsHidden_windowThatComesLaterIsHiddenToo)
 {
     HyprlandShield shield(path, checking);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
-    hyprland.windows.push_back({second, ownPid()});
+    ASSERT_TRUE(hidesPanel(shield));
+    list(second);
     EXPECT_TRUE(becomesHidden({first, second}));
     EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
 }
@@ -223,24 +232,22 @@ TEST_F(HyprlandShieldTest, setWanted_allSeemsHidden_windowThatComesLaterIsHidden
 TEST_F(HyprlandShieldTest, setWanted_listedWindowGoes_othersAreHidden)
 {
     HyprlandShield shield(path, patient);
-    hyprland.windows.push_back({second, ownPid()});
+    list(second);
     hyprland.going = second;
-    show(panel, first);
-    shield.setWanted(true);
-    EXPECT_TRUE(becomes(shield, MirkEffect::blackBox));
+    EXPECT_TRUE(hidesPanel(shield));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
 TEST_F(HyprlandShieldTest, setWanted_onlyListedWindowGoes_isNotTakenForARefusal)
 {
     HyprlandShield shield(path, patient);
-    hyprland.windows.push_back({second, ownPid()});
+    list(second);
     hyprland.going = second;
     panel.show();
     shield.setWanted(true);
-    ASSERT_TRUE(runUntil([&] { return hyprland.requests.count("j/clients") >= 3; }));
+    ASSERT_TRUE(asksAgain());
     EXPECT_TRUE(shield.mustWait(panel.winId()));
-    hyprland.windows.push_back({first, ownPid()});
+    list(first);
     EXPECT_TRUE(becomes(shield, MirkEffect::blackBox));
     EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
@@ -248,9 +255,7 @@ TEST_F(HyprlandShieldTest, setWanted_onlyListedWindowGoes_isNotTakenForARefusal)
 TEST_F(HyprlandShieldTest, windowShown_turnedOffWhileItWasAway_isShownToCapturesAgain)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     panel.hide();
     shield.setWanted(false);
     EXPECT_TRUE(runWhile([&] { return hyprland.hidden.contains(first); }, moment));
@@ -262,9 +267,7 @@ TEST_F(HyprlandShieldTest, windowShown_turnedOffWhileItWasAway_isShownToCaptures
 TEST_F(HyprlandShieldTest, windowShown_numberOfOneThatEnded_isHiddenToo)
 {
     HyprlandShield shield(path, patient);
-    show(panel, first);
-    shield.setWanted(true);
-    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    ASSERT_TRUE(hidesPanel(shield));
     const WId number = panel.winId();
     panel.destroy();
     EXPECT_TRUE(shield.mustWait(number));
@@ -282,7 +285,7 @@ TEST_F(HyprlandShieldTest, setWanted_manyTurnsAtOnce_lastOneHolds)
     }
     shield.setWanted(true);
     EXPECT_TRUE(becomesHidden({first}));
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
     shield.setWanted(false);
     EXPECT_TRUE(becomesHidden({}));
 }
@@ -325,7 +328,7 @@ TEST_P(HyprlandFailureTest, setWanted_always_windowIsNotHeldBackAndTheTruthIsTol
     HyprlandShield shield(path, impatient);
     show(panel, first);
     shield.setWanted(true);
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
     EXPECT_EQ(shield.effect.get(), MirkEffect::none);
     // It is not given up either.
     hyprland.instead.reset();
@@ -344,7 +347,7 @@ TEST_F(HyprlandShieldTest, setWanted_socketVanished_windowIsNotHeldBack)
     HyprlandShield shield(path, impatient);
     show(panel, first);
     shield.setWanted(true);
-    EXPECT_TRUE(runUntil([&] { return !shield.mustWait(panel.winId()); }));
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
     EXPECT_EQ(shield.effect.get(), MirkEffect::none);
 }
 
