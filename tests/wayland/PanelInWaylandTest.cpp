@@ -146,12 +146,6 @@ protected:
         EXPECT_EQ(second.waitForExit(), 0);
     }
 
-    bool popoverIsShown() const
-    {
-        const auto window = findWindow(x, {.className = "Sablequill", .role = "popover"});
-        return window && isViewable(x, *window);
-    }
-
     /// How many such lines the client has printed.
     int clientGot(const std::string& line) const
     {
@@ -216,6 +210,7 @@ protected:
     PrivateHome user;
     XConnection x{session.displayName()};
     Overlay overlay{x};
+    PanelOnScreen popover{x, "popover"};
     std::fstream portalInput;
     std::unique_ptr<ChildProcess> client;
     std::unique_ptr<ChildProcess> portal;
@@ -257,10 +252,10 @@ TEST_P(PanelInWaylandTest, hide_overlayHasKeyboard_givesItBack)
 TEST_P(PanelInWaylandTest, secondStart_clientFocused_popoverTakesTheKeyboard)
 {
     startAgain();
-    ASSERT_TRUE(waitUntil([&] { return popoverIsShown(); }));
+    ASSERT_TRUE(waitUntil([&] { return popover.isShown(); }));
     EXPECT_TRUE(waitUntil([&] {
         session.input().tap(EvdevKey::escape);
-        return !popoverIsShown();
+        return !popover.isShown();
     })) << "by no click, and no key";
     expectTypingReachesClient();
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Overlay.h"
 
-#include "Windows.h"
-
 namespace sablequill {
 
 namespace {
@@ -18,31 +16,8 @@ constexpr int newButtonInset = 36;
 } // namespace
 
 Overlay::Overlay(const XConnection& connection)
-    : x(connection)
+    : PanelOnScreen(connection, "overlay")
 {
-}
-
-std::optional<xcb_window_t> Overlay::window() const
-{
-    return findWindow(x, {"Sablequill", "overlay"});
-}
-
-bool Overlay::isShown() const
-{
-    const auto id = window();
-    return id && isViewable(x, *id);
-}
-
-bool Overlay::isAbove(xcb_window_t other) const
-{
-    const auto id = window();
-    return id && sablequill::isAbove(x, *id, other);
-}
-
-bool Overlay::hasKeyboard() const
-{
-    const auto id = window();
-    return id && sablequill::hasKeyboard(x, *id);
 }
 
 double Overlay::opacity() const
@@ -50,12 +25,6 @@ double Overlay::opacity() const
     const auto id = window();
     const auto value = id ? x.property(*id, "_NET_WM_WINDOW_OPACITY") : std::vector<uint32_t>{};
     return value.empty() ? 1.0 : value[0] / double{0xffffffffU};
-}
-
-Area Overlay::card() const
-{
-    const auto id = window();
-    return id ? inputAreaOf(x, *id).value_or(Area{}) : Area{};
 }
 
 QImage Overlay::steadyPicture() const

@@ -1,28 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PanelOnScreen.h"
 #include "Screenshot.h"
-#include "XConnection.h"
-
-#include <optional>
 
 namespace sablequill {
 
 /// The program's overlay as another client sees it.
-class Overlay {
+class Overlay : public PanelOnScreen {
 public:
     /// The connection outlives this object.
     explicit Overlay(const XConnection& connection);
 
-    /// The window, also while it is hidden; nothing before it was made.
-    std::optional<xcb_window_t> window() const;
-    bool isShown() const;
-    bool isAbove(xcb_window_t other) const;
-    bool hasKeyboard() const;
     /// Its opacity as other clients are told, 1 when they are told nothing.
     double opacity() const;
-    /// Empty while there is no window.
-    Area card() const;
     /// The card as the screen shows it, once it has stopped changing.
     QImage steadyPicture() const;
 
@@ -40,9 +31,6 @@ public:
     /// The footer's buttons.
     Point previousButton() const;
     Point newButton() const;
-
-private:
-    const XConnection& x;
 };
 
 } // namespace sablequill

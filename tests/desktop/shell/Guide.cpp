@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Guide.h"
 
-#include "Windows.h"
-
 namespace sablequill {
 
 namespace {
@@ -15,31 +13,8 @@ constexpr int backInset = 32;
 } // namespace
 
 Guide::Guide(const XConnection& connection)
-    : x(connection)
+    : PanelOnScreen(connection, "guide")
 {
-}
-
-std::optional<xcb_window_t> Guide::window() const
-{
-    return findWindow(x, {"Sablequill", "guide"});
-}
-
-bool Guide::isShown() const
-{
-    const auto id = window();
-    return id && isViewable(x, *id);
-}
-
-bool Guide::hasKeyboard() const
-{
-    const auto id = window();
-    return id && sablequill::hasKeyboard(x, *id);
-}
-
-Area Guide::card() const
-{
-    const auto id = window();
-    return id ? inputAreaOf(x, *id).value_or(Area{}) : Area{};
 }
 
 Area Guide::pageArea() const

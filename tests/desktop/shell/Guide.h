@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PanelOnScreen.h"
 #include "Screenshot.h"
-#include "XConnection.h"
-
-#include <optional>
 
 namespace sablequill {
 
 /// The first-run guide as another client sees it.
-class Guide {
+class Guide : public PanelOnScreen {
 public:
     /// The connection outlives this object.
     explicit Guide(const XConnection& connection);
 
-    /// The window; nothing while there is no guide.
-    std::optional<xcb_window_t> window() const;
-    bool isShown() const;
-    bool hasKeyboard() const;
-    /// Empty while there is no window.
-    Area card() const;
     /// What the current page shows, without the buttons.
     QImage page() const;
     /// The same once it has stopped changing.
@@ -33,8 +25,6 @@ public:
 
 private:
     Area pageArea() const;
-
-    const XConnection& x;
 };
 
 } // namespace sablequill

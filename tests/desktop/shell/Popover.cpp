@@ -2,7 +2,6 @@
 #include "Popover.h"
 
 #include "Wait.h"
-#include "Windows.h"
 
 #include <stdexcept>
 
@@ -59,31 +58,8 @@ int rowHeight(const Area& actions)
 } // namespace
 
 Popover::Popover(const XConnection& connection)
-    : x(connection)
+    : PanelOnScreen(connection, "popover")
 {
-}
-
-std::optional<xcb_window_t> Popover::window() const
-{
-    return findWindow(x, {"Sablequill", "popover"});
-}
-
-bool Popover::isShown() const
-{
-    const auto id = window();
-    return id && isViewable(x, *id);
-}
-
-bool Popover::hasKeyboard() const
-{
-    const auto id = window();
-    return id && sablequill::hasKeyboard(x, *id);
-}
-
-Area Popover::card() const
-{
-    const auto id = window();
-    return id ? inputAreaOf(x, *id).value_or(Area{}) : Area{};
 }
 
 QImage Popover::steadyPicture() const

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "PanelOnScreen.h"
 #include "Screenshot.h"
-#include "XConnection.h"
 
-#include <optional>
 #include <vector>
 
 namespace sablequill {
@@ -14,17 +13,11 @@ enum class PopoverAction { showOverlay, toggleOverlay, newNote, settings, quit }
 
 /// The program's popover as another client sees it. Where things are in it is read off the screen:
 /// three dividers, and rows of equal height between them.
-class Popover {
+class Popover : public PanelOnScreen {
 public:
     /// The connection outlives this object.
     explicit Popover(const XConnection& connection);
 
-    /// The window, also while it is hidden; nothing before it was made.
-    std::optional<xcb_window_t> window() const;
-    bool isShown() const;
-    bool hasKeyboard() const;
-    /// Empty while there is no window.
-    Area card() const;
     /// The card as the screen shows it, once it has stopped changing.
     QImage steadyPicture() const;
 
@@ -46,8 +39,6 @@ private:
 
     Layout layout() const;
     Area section(int index) const;
-
-    const XConnection& x;
 };
 
 } // namespace sablequill
