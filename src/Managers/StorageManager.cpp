@@ -50,8 +50,11 @@ bool replaceFile(
     holdsUnreadableBytes = false;
     if (AtomicFile(url).replace(chunks))
         return true;
-    // The folder may have been removed while the program was running.
-    Files::createPrivateFolder(url.parent_path());
+    const fs::path folder = url.parent_path();
+    if (Files::exists(folder))
+        return false;
+    // It was removed while the program was running.
+    Files::createPrivateFolder(folder);
     return AtomicFile(url).replace(chunks);
 }
 

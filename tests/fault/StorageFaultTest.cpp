@@ -138,6 +138,48 @@ INSTANTIATE_TEST_SUITE_P(Rows, SaveFault,
         Fault{FaultyCall::close, EIO}, Fault{FaultyCall::close, EINTR},
         Fault{FaultyCall::lock, ENOLCK}, Fault{FaultyCall::lock, EINTR, 3}));
 
+/// A full disk would be written to twice for each key.
+TEST_F(StorageFault, save_callFails_isTriedOnceByEachSave)
+{
+    startWithBothFiles();
+    for (const auto call :
+        {FaultyCall::create, FaultyCall::write, FaultyCall::sync, FaultyCall::rename}) {
+        const Fault fault{call, ENOSPC};
+        SCOPED_TRACE(testing::Message() << fault);
+        const ArmedFault armed(sablequillFaultPlan(), home.path(), fault);
+        type(u"new"_s);
+        EXPECT_EQ(armed.failed(), 1);
+        setOpacity(0.5);
+        EXPECT_EQ(armed.failed(), 2);
+    }
+}
+
+TEST_F(StorageFault, save_folderRemoved_isMadeAgainByTheSameSave)
+{
+    startWithBothFiles();
+    fs::remove_all(home.folder());
+    type(u"new"_s);
+    EXPECT_EQ(storedNote(), u"new"_s);
+    fs::remove_all(home.folder());
+    setOpacity(0.5);
+    EXPECT_EQ(storedOpacity(), 0.5);
+    EXPECT_EQ(modeOf(home.folder()), 0700U);
+}
+
+TEST_F(StorageFault, save_folderRemovedAndCannotBeMade_isMadeUpForByTheNextSave)
+{
+    startWithBothFiles();
+    fs::remove_all(home.folder());
+    {
+        const ArmedFault armed(sablequillFaultPlan(), home.path(), {FaultyCall::mkdir, ENOSPC});
+        type(u"new"_s);
+        EXPECT_GT(armed.failed(), 0) << "the fault never struck";
+    }
+    setOpacity(0.5);
+    EXPECT_EQ(storedNote(), u"new"_s);
+    EXPECT_EQ(storedOpacity(), 0.5);
+}
+
 TEST_F(StorageFault, save_temporaryFileCannotBeRemoved_nextStartRemovesIt)
 {
     startWithBothFiles();
