@@ -4,28 +4,9 @@
 #include <QMouseEvent>
 #include <QWindow>
 
-#include <cmath>
 #include <utility>
 
 namespace sablequill {
-namespace {
-
-/// Row by row: the toolkit makes the corners of a region of a path unequal.
-QRegion roundedRegion(const QRect& rect, int radius)
-{
-    QRegion region(rect.adjusted(0, radius, 0, -radius));
-    for (int y = 0; y < radius; ++y) {
-        const double up = radius - y - 0.5;
-        const int inset =
-            static_cast<int>(std::lround(radius - std::sqrt(radius * radius - up * up)));
-        const QRect line(rect.left() + inset, rect.top() + y, rect.width() - 2 * inset, 1);
-        region += line;
-        region += line.translated(0, rect.height() - 1 - 2 * y);
-    }
-    return region;
-}
-
-} // namespace
 
 PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
@@ -157,7 +138,7 @@ void PanelWindow::layOut()
     if (isComposited || !content)
         clearMask();
     else
-        setMask(roundedRegion(rect(), static_cast<int>(std::lround(content->cornerRadius()))));
+        setMask(content->shape(rect()));
     Q_EMIT shapeChanged();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMargins>
+#include <QRegion>
 
 namespace sablequill {
 
@@ -13,8 +14,8 @@ public:
     /// Points by which the view draws beyond the panel's frame on each side (its shadow). The panel
     /// makes its native window larger by these margins and lets clicks through there.
     virtual QMargins shadowReach() const = 0;
-    /// Radius of the card's corners in points, for a window shape where there is no alpha channel.
-    virtual double cornerRadius() const = 0;
+    /// Of a card with these bounds (points), for a window where there is no alpha channel.
+    virtual QRegion shape(const QRect& card) const = 0;
     /// Whether the screen blends what the view draws. Where it does not, the view draws an opaque
     /// card and no shadow, and the native window has no margins.
     virtual void setComposited(bool isComposited) = 0;

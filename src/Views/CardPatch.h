@@ -12,7 +12,7 @@ namespace sablequill {
 /// rest is stretched. So a resize draws nothing anew.
 class CardPatch {
 public:
-    static constexpr double cornerRadius = 14;
+    static constexpr int cornerRadius = 14;
     static constexpr float fillOpacity = 0.72F;
     static constexpr float strokeOpacity = 0.14F;
 

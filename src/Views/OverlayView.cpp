@@ -15,6 +15,7 @@
 #include "OverlayHeader.h"
 #include "OverlayManager.h"
 #include "Refresh.h"
+#include "RoundedRegion.h"
 #include "TextStyle.h"
 
 #include <QApplication>
@@ -143,9 +144,9 @@ QMargins OverlayView::shadowReach() const
     return chrome->shadowReach();
 }
 
-double OverlayView::cornerRadius() const
+QRegion OverlayView::shape(const QRect& card) const
 {
-    return CardPatch::cornerRadius;
+    return roundedRegion(card, CardPatch::cornerRadius);
 }
 
 void OverlayView::setComposited(bool isComposited)

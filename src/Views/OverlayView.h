@@ -47,7 +47,7 @@ public:
     void syncEditContent();
 
     QMargins shadowReach() const override;
-    double cornerRadius() const override;
+    QRegion shape(const QRect& card) const override;
     void setComposited(bool isComposited) override;
 
 protected:

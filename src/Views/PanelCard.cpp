@@ -5,6 +5,7 @@
 #include "CardShadow.h"
 #include "CardShape.h"
 #include "Ink.h"
+#include "RoundedRegion.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -31,9 +32,9 @@ QMargins PanelCard::shadowReach() const
     return isComposited ? cardShadowReach() : QMargins();
 }
 
-double PanelCard::cornerRadius() const
+QRegion PanelCard::shape(const QRect& card) const
 {
-    return CardPatch::cornerRadius;
+    return roundedRegion(card, CardPatch::cornerRadius);
 }
 
 void PanelCard::setComposited(bool next)
@@ -71,8 +72,9 @@ QPixmap PanelCard::drawn() const
     if (isComposited)
         paintCardShadow(painter, card, 1);
     const QColor ground = palette().color(QPalette::Window);
-    const QPainterPath shape = cardShape(card, cornerRadius());
-    const QPainterPath edge = cardShape(card.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius() - 0.5);
+    constexpr double radius = CardPatch::cornerRadius;
+    const QPainterPath shape = cardShape(card, radius);
+    const QPainterPath edge = cardShape(card.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5);
     const QPen line(color({InkRole::divider, 1.5}, surroundingsOf(*this)), 1);
     drawInBands(painter, card, [&] {
         if (isComposited)

@@ -21,7 +21,7 @@ public:
     QSize contentSize() const;
 
     QMargins shadowReach() const override;
-    double cornerRadius() const override;
+    QRegion shape(const QRect& card) const override;
     void setComposited(bool isComposited) override;
 
 protected:

@@ -8,7 +8,7 @@ namespace sablequill {
 class FakePanelContent final : public PanelContent {
 public:
     QMargins shadowReach() const override { return {}; }
-    double cornerRadius() const override { return 0; }
+    QRegion shape(const QRect& card) const override { return card; }
     void setComposited(bool) override { }
 };
 

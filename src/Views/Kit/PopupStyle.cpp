@@ -3,6 +3,7 @@
 
 #include "DevicePixels.h"
 #include "Ink.h"
+#include "RoundedRegion.h"
 #include "TextStyle.h"
 
 #include <QAction>
@@ -12,8 +13,6 @@
 #include <QStyleHintReturnMask>
 #include <QStyleOptionMenuItem>
 #include <QToolTip>
-
-#include <cmath>
 
 namespace sablequill {
 namespace {
@@ -37,20 +36,6 @@ QPainterPath outline(const QRect& rect, double radius, double inset = 0)
     path.addRoundedRect(
         QRectF(rect).adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
     return path;
-}
-
-QRegion roundedRegion(const QRect& rect, int radius)
-{
-    QRegion region(rect.adjusted(0, radius, 0, -radius));
-    for (int y = 0; y < radius; ++y) {
-        const double up = radius - y - 0.5;
-        const int inset =
-            static_cast<int>(std::lround(radius - std::sqrt(radius * radius - up * up)));
-        const QRect line(rect.left() + inset, rect.top() + y, rect.width() - 2 * inset, 1);
-        region += line;
-        region += line.translated(0, rect.height() - 1 - 2 * y);
-    }
-    return region;
 }
 
 /// The ground of a popup, with a hairline that parts it from what it lies over.

@@ -4,6 +4,7 @@
 #include "CrossFade.h"
 #include "Ink.h"
 #include "MirkDescription.h"
+#include "RoundedRegion.h"
 
 #include <QPointer>
 
@@ -190,7 +191,7 @@ TEST_F(OverlayViewTest, hover_overTheHeader_isAFaintWash)
 TEST_F(OverlayViewTest, setComposited_false_leavesNoMargins)
 {
     EXPECT_EQ(view->shadowReach(), QMargins(38, 26, 38, 50));
-    EXPECT_EQ(view->cornerRadius(), 14);
+    EXPECT_EQ(view->shape({0, 0, 420, 280}), roundedRegion({0, 0, 420, 280}, 14));
     view->setComposited(false);
     EXPECT_TRUE(view->shadowReach().isNull());
     resizeCard(420, 280);
