@@ -107,7 +107,7 @@ void MenuBarExtra::toggle(const StatusItemAnchor& place)
 {
     if (isOpen()) {
         close();
-    } else if (!wasJustDismissed) {
+    } else if (recentDismissals == 0) {
         present(place);
         panel->makeKey();
     }
@@ -116,10 +116,10 @@ void MenuBarExtra::toggle(const StatusItemAnchor& place)
 void MenuBarExtra::loseAttention()
 {
     close();
-    wasJustDismissed = true;
+    ++recentDismissals;
     mainQueue.after(clickTime, [self = QPointer(this)] {
         if (self)
-            self->wasJustDismissed = false;
+            --self->recentDismissals;
     });
 }
 

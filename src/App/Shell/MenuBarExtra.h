@@ -48,7 +48,7 @@ private:
     MenuBarView* view = nullptr;
     StatusItemAnchor anchor;
     /// A click on the item closes an open popover before the item tells of the click.
-    bool wasJustDismissed = false;
+    int recentDismissals = 0;
 };
 
 } // namespace sablequill

@@ -139,6 +139,21 @@ TEST_F(MenuBarExtraTest, activate_rightAfterItsPressDismissed_staysClosed)
     EXPECT_TRUE(extra.isOpen());
 }
 
+TEST_F(MenuBarExtraTest, activate_rightAfterTheSecondOfTwoDismissals_staysClosed)
+{
+    extra.launch();
+    popover.loseAttention();
+    clock.advance(0.2);
+    extra.open();
+    popover.loseAttention();
+    clock.advance(0.2);
+    statusItem.activate(icon);
+    EXPECT_FALSE(extra.isOpen());
+    clock.advance(0.15);
+    statusItem.activate(icon);
+    EXPECT_TRUE(extra.isOpen());
+}
+
 TEST_F(MenuBarExtraTest, loseAttention_open_closes)
 {
     extra.open();
