@@ -21,7 +21,7 @@ class LoginItem;
 /// for by the next one, of either file, that succeeds, or at the end of the run.
 ///
 /// The files are in "Sablequill" in the user's folder for application data: $XDG_DATA_HOME where
-/// that is an absolute path, else $HOME/.local/share (XDG Base Directory Specification). They are
+/// that is an absolute path, else $HOME/.local/share (freedesktop.org's base directories). They are
 /// the user's alone. The bytes of a file that could not be read are kept beside it, under another
 /// name, before it is replaced for the first time; while that fails it is not replaced.
 class StorageManager {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <optional>
 
-/// Where a user's files are, after the XDG Base Directory specification.
+/// Where a user's files are: freedesktop.org's base directories.
 namespace sablequill::UserFolders {
 
 /// The folder that an environment variable names. Nothing for one that is unset, empty or relative:

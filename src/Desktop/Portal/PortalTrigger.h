@@ -7,7 +7,7 @@
 
 namespace sablequill {
 
-/// The combination as a portal is asked for it (freedesktop Shortcuts specification), such as
+/// The combination as a portal is asked for it (freedesktop Shortcuts), such as
 /// "LOGO+SHIFT+g": modifiers, then the keysym that the key has on an ANSI keyboard.
 ///
 /// `keyCode` and `modifiers` as in HotKeyCenter. Empty for keys that an ANSI keyboard does not have
