@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -83,6 +84,28 @@ TEST_P(FolderFaultTest, fullDisk_whileTyping_goesOnAndBringsAllWhenThereIsRoom)
     typeSaved("z");
     expectOtherNotesKept();
     endProgram();
+    EXPECT_EQ(names(), bothFiles());
+}
+
+TEST_P(FolderFaultTest, displayServer_killedOnAFullDisk_endsAndTheOldNotesAreWhole)
+{
+    const SmallFileSystem disk(user.storageFolder());
+    if (!disk.isThere())
+        GTEST_SKIP() << "may not mount a file system";
+    writeNotes();
+    user.writeSettings(settingsWith(savedCard));
+    startEditing("kept");
+    const QByteArray notes = notesBytes();
+    const QByteArray settings = fileBytes(settingsFile());
+    disk.fill();
+    typeUnsaved("xy");
+    session.killDisplay();
+    program->mayPrintLinesWith("X11 connection broke");
+    const auto status = program->waitForEnd();
+    EXPECT_TRUE(status && WIFEXITED(*status));
+    EXPECT_EQ(notesBytes(), notes);
+    EXPECT_EQ(fileBytes(settingsFile()), settings);
+    disk.empty();
     EXPECT_EQ(names(), bothFiles());
 }
 

@@ -3,7 +3,7 @@
 
 #include <sys/wait.h>
 
-#include <iterator>
+#include <sstream>
 
 namespace sablequill {
 namespace {
@@ -23,6 +23,13 @@ protected:
     void runInSession(const std::vector<std::string>& command) const
     {
         runCommand({command, environment(), user.path() / "command.log"});
+    }
+    /// A screen as the server tells of it: the whole of its only output, or of none.
+    void addScreen(const std::string& name, Area area, const std::string& output) const
+    {
+        std::ostringstream geometry;
+        geometry << area.width << "/169x" << area.height << "/211+" << area.x << '+' << area.y;
+        runInSession({"xrandr", "--setmonitor", name, geometry.str(), output});
     }
     Area windowArea() const
     {
@@ -117,6 +124,33 @@ TEST_P(SessionFaultTest, screen_shrunkUnderTheCard_cardComesBackOntoIt)
     expectEverythingWorks("on the large screen");
     EXPECT_EQ(overlay.card().width, card.width);
     endProgram();
+}
+
+/// The primary screen, which all frames are counted from, is the left one while it is there.
+TEST_P(SessionFaultTest, screen_takenAwayUnderTheCard_cardComesBackOntoTheOtherAndIsStoredThere)
+{
+    constexpr Area left{0, 0, 640, 800};
+    constexpr Area right{640, 0, 640, 800};
+    probe.hide();
+    for (const auto& [kept, taken] : {std::pair(left, right), std::pair(right, left)}) {
+        SCOPED_TRACE(testing::Message() << "taken away: " << taken);
+        addScreen(kept == left ? "*kept" : "kept", kept, "screen");
+        addScreen(taken == left ? "*taken" : "taken", taken, "none");
+        const Area card{taken.x + 120, 150, 420, 280};
+        user.writeSettings(settingsWith(card));
+        startProgram();
+        EXPECT_EQ(overlay.card(), card);
+        runInSession({"xrandr", "--delmonitor", "taken"});
+        const Area nearest{
+            kept == left ? kept.right() - card.width : kept.x, card.y, card.width, card.height};
+        EXPECT_TRUE(waitUntil([&] { return overlay.card() == nearest; })) << overlay.card();
+        expectEverythingWorks("on the screen that is left");
+        endProgram();
+        startProgram();
+        EXPECT_EQ(overlay.card(), nearest);
+        endProgram();
+        runInSession({"xrandr", "--delmonitor", "kept"});
+    }
 }
 
 TEST_P(SessionFaultTest, sessionBus_killed_everythingButTheBusWorksAndTheProgramSleeps)
