@@ -4,7 +4,6 @@
 #include "FaultPlan.h"
 
 #include <filesystem>
-#include <fstream>
 #include <new>
 #include <stdexcept>
 
