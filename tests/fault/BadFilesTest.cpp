@@ -90,13 +90,25 @@ bool isWelcome(const std::vector<MirkpadItem>& notes)
     return notes.size() == 1 && notes.front().title == u"Welcome";
 }
 
-/// Another reader's opinion about the same bytes. Only what it reads as well may have been loaded.
+/// For a failure: which input it was, and what it began with.
+std::string description(int input, const QByteArray& bytes)
+{
+    const QByteArray start = bytes.first(std::min<qsizetype>(bytes.size(), 2000));
+    return "seed " + std::to_string(seed) + ", input " + std::to_string(input) + ": "
+        + start.toStdString();
+}
+
+/// As another reader has it, which knows no byte order mark. Only what it reads as well may have
+/// been loaded.
+QJsonDocument readByAnother(const QByteArray& bytes)
+{
+    const QByteArray mark = "\xEF\xBB\xBF";
+    return QJsonDocument::fromJson(bytes.startsWith(mark) ? bytes.sliced(mark.size()) : bytes);
+}
+
 void expectAnotherReaderAgrees(const QByteArray& bytes, const std::vector<MirkpadItem>& notes)
 {
-    QByteArray text = bytes;
-    if (text.startsWith("\xEF\xBB\xBF"))
-        text = text.sliced(3);
-    const QJsonDocument document = QJsonDocument::fromJson(text);
+    const QJsonDocument document = readByAnother(bytes);
     ASSERT_TRUE(document.isArray());
     const QJsonArray array = document.array();
     ASSERT_EQ(static_cast<std::size_t>(array.size()), notes.size());
@@ -111,10 +123,7 @@ void expectAnotherReaderAgrees(const QByteArray& bytes, const std::vector<Mirkpa
 
 void expectAnotherReaderAgrees(const QByteArray& bytes, const AppSettings& settings)
 {
-    QByteArray text = bytes;
-    if (text.startsWith("\xEF\xBB\xBF"))
-        text = text.sliced(3);
-    const QJsonObject object = QJsonDocument::fromJson(text).object();
+    const QJsonObject object = readByAnother(bytes).object();
     EXPECT_TRUE(object[u"opacity"].isDouble() && object[u"hasCompletedOnboarding"].isBool());
     EXPECT_EQ(object[u"opacity"].toDouble(), settings.opacity);
     EXPECT_EQ(object[u"fontSize"].toDouble(), settings.fontSize);
@@ -129,9 +138,7 @@ TEST_F(BadFiles, notes_thousandsOfMutations_loadOrGiveWelcomeAndBytesAreKept)
     int loaded = 0;
     for (int input = 0; input < inputs && !HasFailure(); ++input) {
         const QByteArray bytes = mutated(someNotes, random);
-        SCOPED_TRACE(testing::Message()
-            << "seed " << seed << ", input " << input << ": "
-            << bytes.first(std::min<qsizetype>(bytes.size(), 2000)).toStdString());
+        SCOPED_TRACE(description(input, bytes));
         writeFile(home.notes(), bytes);
         StorageManager storage(loginItem);
         const auto notes = storage.loadNotes();
@@ -155,9 +162,7 @@ TEST_F(BadFiles, settings_thousandsOfMutations_loadOrGiveDefaultsAndBytesAreKept
     int loaded = 0;
     for (int input = 0; input < inputs && !HasFailure(); ++input) {
         const QByteArray bytes = mutated(someSettings, random);
-        SCOPED_TRACE(testing::Message()
-            << "seed " << seed << ", input " << input << ": "
-            << bytes.first(std::min<qsizetype>(bytes.size(), 2000)).toStdString());
+        SCOPED_TRACE(description(input, bytes));
         writeFile(home.settings(), bytes);
         StorageManager storage(loginItem);
         const AppSettings settings = storage.settings;
