@@ -4,9 +4,7 @@
 
 #include <xcb/res.h>
 
-#include <cstdlib>
 #include <functional>
-#include <iostream>
 #include <stdexcept>
 
 namespace sablequill {
@@ -14,7 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr xcb_keycode_t letterM = 58;
 constexpr int notCounted = 1000;
 
 /// What a program holds at one moment.
@@ -97,8 +94,7 @@ void Trial::rest() const
         pause(400ms);
         return activityOf(program->pid()).processorMilliseconds - before < 1;
     };
-    if (!waitUntil(isAtRest, 120s))
-        throw std::runtime_error("the program does not come to rest");
+    require(isAtRest, "the program does not come to rest", 120s);
 }
 
 void Trial::repeat(const std::string& what, int times, const std::function<void(int)>& action)
@@ -130,24 +126,22 @@ void Trial::repeat(const std::string& what, int times, const std::function<void(
 
 void Trial::shortcut(xcb_keycode_t key)
 {
-    stage.pressShortcut(key);
-    stage.releaseShortcut(key);
+    stage.tapShortcut(key);
     stage.x.sync();
 }
 
 void Trial::edit()
 {
     shortcut(KeyCode::o);
-    if (!waitUntil([&] { return stage.overlay.hasKeyboard(); }))
-        throw std::runtime_error("the editor does not get the keyboard");
+    require([&] { return stage.overlay.hasKeyboard(); }, "the editor does not get the keyboard");
 }
 
 } // namespace
 
 void measureEndurance(Stage& stage, Table& table)
 {
-    // Where a durable write takes no time; as many writes would otherwise take hours.
-    ::setenv("TMPDIR", "/dev/shm", 1);
+    // As many durable writes would otherwise take hours.
+    const MemoryFolder inMemory;
     Trial trial(stage, table);
     // Some of them meet a fade that is still under way.
     trial.repeat("toggles", 10'000, [&](int time) {
@@ -161,14 +155,13 @@ void measureEndurance(Stage& stage, Table& table)
     trial.edit();
     // What is typed is deleted again: a longer note is no leak.
     trial.repeat("typed characters", 100'000, [&](int time) {
-        stage.keyboard.tap(letterM);
+        stage.keyboard.tap(KeyCode::m);
         if (time % 50 == 0)
             for (int count = 0; count < 50; ++count)
                 stage.keyboard.tap(KeyCode::backspace);
         if (time % 10 == 0)
             pause(20ms);
     });
-    ::unsetenv("TMPDIR");
 }
 
 } // namespace sablequill

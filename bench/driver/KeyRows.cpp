@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Rows.h"
 
-#include <stdexcept>
-
 namespace sablequill {
 namespace {
 
@@ -10,11 +8,9 @@ using namespace std::chrono_literals;
 
 /// The floor's window and key, beside those of the overlay.
 constexpr Area floorCard{10, 180, 420, 320};
-constexpr xcb_keycode_t floorKey = 43; // H
+constexpr xcb_keycode_t floorKey = KeyCode::h;
 const Area watchedOnFloor{floorCard.center().x - 8, floorCard.center().y - 4, 16, 8};
 const Area watchedOnOverlay{overlayCard.center().x - 8, overlayCard.center().y - 4, 16, 8};
-/// Where a note's first lines are.
-const Area watchedText{overlayCard.x + 14, overlayCard.y + 60, 160, 80};
 
 std::unique_ptr<ChildProcess> startWindowFloor(Stage& stage, const PrivateHome& user)
 {
@@ -42,8 +38,7 @@ double timeToShow(Stage& stage, const ScreenWatch& watch, xcb_keycode_t key)
     const auto hidden = watch.picture();
     const double taken = timeToChange(stage, watch, key);
     pause(30ms);
-    stage.pressShortcut(key);
-    stage.releaseShortcut(key);
+    stage.tapShortcut(key);
     watch.waitFor(hidden);
     pause(30ms);
     return taken;
@@ -63,7 +58,7 @@ void addToggle(Table& table, const Samples& samples)
         quantile(samples.floor, 0.99), 16, "≤ 16 ms"});
 }
 
-void compareNextNote(Stage& stage, Table& table, int kilobytes, double limitAtFloor)
+void compareNextNote(Stage& stage, Table& table, int kilobytes, int limitAtFloor)
 {
     constexpr double usualFloor = 0.35;
     const PrivateHome user;
@@ -71,7 +66,7 @@ void compareNextNote(Stage& stage, Table& table, int kilobytes, double limitAtFl
     auto floor = startWindowFloor(stage, user);
     auto program = stage.startProgram(user);
     const ScreenWatch floorWatch(stage.x, watchedOnFloor);
-    const ScreenWatch watch(stage.x, watchedText);
+    const ScreenWatch watch(stage.x, noteText);
     Samples samples;
     for (int event = 0; event < stage.measurement.events; ++event) {
         samples.floor.push_back(timeOfFloor(stage, floorWatch));
@@ -82,7 +77,7 @@ void compareNextNote(Stage& stage, Table& table, int kilobytes, double limitAtFl
     const double floorTime = median(samples.floor);
     table.add({"next note to pixel, " + std::to_string(kilobytes) + " KB", "ms",
         median(samples.program), floorTime, floorTime / usualFloor * limitAtFloor,
-        limitAtFloor < 10 ? "≤ 4 ms at a floor of 0.35" : "≤ 16 ms at a floor of 0.35"});
+        "≤ " + std::to_string(limitAtFloor) + " ms at a floor of 0.35"});
 }
 
 } // namespace
@@ -95,10 +90,8 @@ void measureToggle(Stage& stage, Table& table)
     auto program = stage.startProgram(user);
     const ScreenWatch floorWatch(stage.x, watchedOnFloor);
     const ScreenWatch watch(stage.x, watchedOnOverlay);
-    stage.pressShortcut(KeyCode::g);
-    stage.releaseShortcut(KeyCode::g);
-    if (!waitUntil([&] { return !stage.overlay.isShown(); }))
-        throw std::runtime_error("the overlay does not hide");
+    stage.tapShortcut(KeyCode::g);
+    require([&] { return !stage.overlay.isShown(); }, "the overlay does not hide");
     pause(500ms);
     Samples samples;
     for (int event = 0; event < stage.measurement.events; ++event) {

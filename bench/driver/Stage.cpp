@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <csignal>
+#include <cstdlib>
 #include <stdexcept>
 #include <thread>
 
@@ -60,25 +61,20 @@ Stage::Stage(const Measurement& wanted, WindowManagerSetup setup)
     , x(session.displayName())
 {
     showBackdrop(x);
-    const bool isWhite = waitUntil([&] {
-        return colorAt(x, overlayCard.center()) == Qt::white && colorAt(x, elsewhere) == Qt::white;
-    }).has_value();
-    if (!isWhite)
-        throw std::runtime_error("the backdrop does not show");
+    const auto isWhite = [&](Point point) { return colorAt(x, point) == Qt::white; };
+    require([&] { return isWhite(overlayCard.center()) && isWhite(elsewhere); },
+        "the backdrop does not show");
 }
 
 std::unique_ptr<ChildProcess> Stage::startProgram(const PrivateHome& user)
 {
     auto program = std::make_unique<ChildProcess>(ChildProcessDescription{
         {measurement.program.string()}, environment(user), user.path() / "program.log"});
-    const bool isThere =
-        waitUntil([&] { return overlay.isShown() && isPopoverShown(x); }).has_value();
-    if (!isThere)
+    if (!waitUntil([&] { return overlay.isShown() && isPopoverShown(x); }))
         throw std::runtime_error("the program does not show: " + program->output());
     pause(500ms);
     Mouse(x).click(elsewhere);
-    if (!waitUntil([&] { return !isPopoverShown(x); }))
-        throw std::runtime_error("the popover stays");
+    require([&] { return !isPopoverShown(x); }, "the popover stays");
     pause(500ms);
     return program;
 }
@@ -96,10 +92,8 @@ void Stage::end(std::unique_ptr<ChildProcess> program)
 {
     program->sendSignal(SIGTERM);
     program->waitForExit();
-    const bool isWhite =
-        waitUntil([&] { return colorAt(x, overlayCard.center()) == Qt::white; }).has_value();
-    if (!isWhite)
-        throw std::runtime_error("the window stays on the screen");
+    require([&] { return colorAt(x, overlayCard.center()) == Qt::white; },
+        "the window stays on the screen");
 }
 
 Clock::time_point Stage::pressShortcut(xcb_keycode_t key)
@@ -116,6 +110,12 @@ void Stage::releaseShortcut(xcb_keycode_t key)
     keyboard.release(key);
     keyboard.release(KeyCode::leftShift);
     keyboard.release(KeyCode::leftSuper);
+}
+
+void Stage::tapShortcut(xcb_keycode_t key)
+{
+    pressShortcut(key);
+    releaseShortcut(key);
 }
 
 void furnish(const PrivateHome& user, int notes, int bytes)
@@ -146,6 +146,23 @@ QString prose(int number, int bytes)
     }
     text.truncate(bytes);
     return text;
+}
+
+void require(
+    const std::function<bool()>& condition, const std::string& complaint, Milliseconds deadline)
+{
+    if (!waitUntil(condition, deadline))
+        throw std::runtime_error(complaint);
+}
+
+MemoryFolder::MemoryFolder()
+{
+    ::setenv("TMPDIR", "/dev/shm", 1);
+}
+
+MemoryFolder::~MemoryFolder()
+{
+    ::unsetenv("TMPDIR");
 }
 
 void pause(Milliseconds duration)

@@ -6,11 +6,15 @@
 #include "Overlay.h"
 #include "ScreenWatch.h"
 #include "Table.h"
+#include "Wait.h"
 
 #include <QString>
 
 #include <filesystem>
-#include <optional>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace sablequill {
 
@@ -24,6 +28,8 @@ struct Measurement {
 
 /// Where the overlay stands in every measurement, and the floor in those of starting up.
 inline constexpr Area overlayCard{440, 180, 420, 320};
+/// Where the overlay shows the first lines of a note.
+inline constexpr Area noteText{overlayCard.x + 14, overlayCard.y + 60, 160, 80};
 
 /// A desktop with a white screen to be measured on.
 class Stage {
@@ -44,6 +50,7 @@ public:
     Clock::time_point pressShortcut(xcb_keycode_t key);
     /// Lets go of them.
     void releaseShortcut(xcb_keycode_t key);
+    void tapShortcut(xcb_keycode_t key);
 
     const Measurement measurement;
     DesktopSession session;
@@ -57,6 +64,21 @@ void furnish(const PrivateHome& user, int notes, int bytes);
 
 /// So many bytes of prose with a span of Markdown here and there, another one for each number.
 QString prose(int number, int bytes);
+
+/// Waits until the condition holds; throws std::runtime_error with the complaint when it never
+/// does.
+void require(const std::function<bool()>& condition, const std::string& complaint,
+    Milliseconds deadline = defaultDeadline);
+
+/// New temporary files are in memory, where a write costs next to nothing, for as long as this
+/// lives.
+class MemoryFolder {
+public:
+    MemoryFolder();
+    ~MemoryFolder();
+    MemoryFolder(const MemoryFolder&) = delete;
+    MemoryFolder& operator=(const MemoryFolder&) = delete;
+};
 
 /// Lets the machine come to rest between two events.
 void pause(Milliseconds duration);

@@ -8,10 +8,6 @@
 namespace sablequill {
 namespace {
 
-using namespace std::chrono_literals;
-
-const Area watchedText{overlayCard.x + 14, overlayCard.y + 60, 160, 80};
-
 std::string writeProse(const PrivateHome& user)
 {
     const auto path = user.path() / "prose.md";
@@ -25,7 +21,7 @@ double timeOfFirstShow(Stage& stage, const PrivateHome& user)
     auto program = stage.startProgram(user);
     double taken = 0;
     {
-        const ScreenWatch watch(stage.x, watchedText);
+        const ScreenWatch watch(stage.x, noteText);
         const auto before = watch.picture();
         const auto pressed = stage.pressShortcut(KeyCode::down);
         taken = milliseconds(watch.waitForChangeFrom(before) - pressed);

@@ -4,16 +4,12 @@
 #include "Rows.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <stdexcept>
 
 namespace sablequill {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr xcb_keycode_t letterM = 58;
-constexpr xcb_keycode_t home = 110;
 /// The lines at the top of a note, in the editor.
 const Area watchedText{overlayCard.x + 12, overlayCard.y + 52, 100, 120};
 
@@ -44,12 +40,10 @@ TypingDesk::TypingDesk(Stage& usedStage, const PrivateHome& user)
     , watch(stage.x, watchedText)
     , file(user.storageFolder() / "notes.json")
 {
-    stage.pressShortcut(KeyCode::o);
-    stage.releaseShortcut(KeyCode::o);
-    if (!waitUntil([&] { return stage.overlay.hasKeyboard(); }))
-        throw std::runtime_error("the editor does not get the keyboard");
+    stage.tapShortcut(KeyCode::o);
+    require([&] { return stage.overlay.hasKeyboard(); }, "the editor does not get the keyboard");
     pause(500ms);
-    stage.keyboard.chord({KeyCode::leftControl}, home);
+    stage.keyboard.chord({KeyCode::leftControl}, KeyCode::home);
     stage.keyboard.tap(KeyCode::down);
     stage.keyboard.tap(KeyCode::down);
     pause(500ms);
@@ -57,7 +51,7 @@ TypingDesk::TypingDesk(Stage& usedStage, const PrivateHome& user)
 
 double TypingDesk::timeOfCharacter()
 {
-    const double taken = timeOf(letterM);
+    const double taken = timeOf(KeyCode::m);
     timeOf(KeyCode::backspace);
     return taken;
 }
@@ -97,15 +91,6 @@ Samples type(Stage& stage, const PrivateHome& user, int events)
     }
     return samples;
 }
-
-/// Temporary files in memory, where a write costs next to nothing, for as long as this lives.
-class MemoryFolder {
-public:
-    MemoryFolder() { ::setenv("TMPDIR", "/dev/shm", 1); }
-    ~MemoryFolder() { ::unsetenv("TMPDIR"); }
-    MemoryFolder(const MemoryFolder&) = delete;
-    MemoryFolder& operator=(const MemoryFolder&) = delete;
-};
 
 } // namespace
 
