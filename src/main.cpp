@@ -2,6 +2,7 @@
 #include "AccessibleContainer.h"
 #include "Constants.h"
 #include "DesktopPlatform.h"
+#include "ExitHandler.h"
 #include "MirkpadApp.h"
 #include "PopupStyle.h"
 #include "SingleInstance.h"
@@ -38,5 +39,6 @@ int main(int, char* argv[])
     instance->onSecondStart(&app, [&] { app.openPopover(); });
     const UnixSignals terminating([&] { desktop.application.terminate(); });
     app.launch();
+    const ExitHandler displayLost([&] { app.writeUnsaved(); });
     return QApplication::exec();
 }

@@ -30,7 +30,7 @@ public:
     /// left half written. Ends the program when the user has no folder for application data. The
     /// login item outlives this object.
     explicit StorageManager(LoginItem& loginItem);
-    /// Tries once more what could not be written.
+    /// Writes what is unsaved.
     ~StorageManager();
 
     StorageManager(const StorageManager&) = delete;
@@ -48,6 +48,8 @@ public:
     /// registers or unregisters the login item.
     void saveSettings(const AppSettings& settings);
     void updateOverlayFrame(const OverlayFrame& frame);
+    /// Tries once more what could not be written; does nothing when everything was.
+    void writeUnsaved();
 
 private:
     static std::filesystem::path appSupportDirectory();
@@ -57,7 +59,6 @@ private:
 
     static std::optional<AppSettings> loadSettings(const std::filesystem::path& url);
     void updateLaunchAtStartup(bool enabled);
-    void writeUnsaved();
 
     LoginItem& loginItem;
     NotesEncoder encoder;

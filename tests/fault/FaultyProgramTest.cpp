@@ -3,6 +3,8 @@
 
 #include <QFile>
 
+#include <sys/wait.h>
+
 #include <algorithm>
 
 namespace fs = std::filesystem;
@@ -50,6 +52,14 @@ void FaultyProgramTest::expectGoesOn()
     pressToggle();
     EXPECT_TRUE(waitUntil([this] { return overlay.isShown(); })) << "does not show";
     EXPECT_TRUE(program->isRunning());
+}
+
+void FaultyProgramTest::killDisplay()
+{
+    session.killDisplay();
+    program->mayPrintLinesWith("X11 connection broke");
+    const auto status = program->waitForEnd();
+    EXPECT_TRUE(status && WIFEXITED(*status));
 }
 
 QByteArray FaultyProgramTest::notesBytes() const

@@ -24,6 +24,9 @@ protected:
     void expectOtherNotesKept() const;
     /// The overlay comes and goes by key.
     void expectGoesOn();
+    /// Kills the display server and returns when the program has ended, by itself and not by a
+    /// signal.
+    void killDisplay();
 
     std::filesystem::path notesFile() const { return user.storageFolder() / "notes.json"; }
     std::filesystem::path settingsFile() const { return user.storageFolder() / "settings.json"; }

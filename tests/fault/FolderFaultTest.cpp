@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -63,16 +62,25 @@ private:
     bool isMounted = false;
 };
 
-class FolderFaultTest : public FaultyProgramTest { };
+class FolderFaultTest : public FaultyProgramTest {
+protected:
+    /// With its files on a disk that hides those that were there before.
+    void startEditingOnDisk();
+};
+
+void FolderFaultTest::startEditingOnDisk()
+{
+    writeNotes();
+    user.writeSettings(settingsWith(savedCard));
+    startEditing("kept");
+}
 
 TEST_P(FolderFaultTest, fullDisk_whileTyping_goesOnAndBringsAllWhenThereIsRoom)
 {
     const SmallFileSystem disk(user.storageFolder());
     if (!disk.isThere())
         GTEST_SKIP() << "may not mount a file system";
-    writeNotes();
-    user.writeSettings(settingsWith(savedCard));
-    startEditing("kept");
+    startEditingOnDisk();
     const QByteArray before = notesBytes();
     disk.fill();
     typeUnsaved("xy");
@@ -87,25 +95,35 @@ TEST_P(FolderFaultTest, fullDisk_whileTyping_goesOnAndBringsAllWhenThereIsRoom)
     EXPECT_EQ(names(), bothFiles());
 }
 
-TEST_P(FolderFaultTest, displayServer_killedOnAFullDisk_endsAndTheOldNotesAreWhole)
+TEST_P(FolderFaultTest, displayServer_killedOnAFullDisk_endsAndTheOldFilesAreWhole)
 {
     const SmallFileSystem disk(user.storageFolder());
     if (!disk.isThere())
         GTEST_SKIP() << "may not mount a file system";
-    writeNotes();
-    user.writeSettings(settingsWith(savedCard));
-    startEditing("kept");
+    startEditingOnDisk();
     const QByteArray notes = notesBytes();
     const QByteArray settings = fileBytes(settingsFile());
     disk.fill();
     typeUnsaved("xy");
-    session.killDisplay();
-    program->mayPrintLinesWith("X11 connection broke");
-    const auto status = program->waitForEnd();
-    EXPECT_TRUE(status && WIFEXITED(*status));
+    killDisplay();
     EXPECT_EQ(notesBytes(), notes);
     EXPECT_EQ(fileBytes(settingsFile()), settings);
     disk.empty();
+    EXPECT_EQ(names(), bothFiles());
+}
+
+TEST_P(FolderFaultTest, displayServer_killedWhenThereIsRoomAgain_endBringsAll)
+{
+    const SmallFileSystem disk(user.storageFolder());
+    if (!disk.isThere())
+        GTEST_SKIP() << "may not mount a file system";
+    startEditingOnDisk();
+    disk.fill();
+    typeUnsaved("xy");
+    disk.empty();
+    killDisplay();
+    expectSaved(0, typed);
+    expectOtherNotesKept();
     EXPECT_EQ(names(), bothFiles());
 }
 

@@ -69,6 +69,22 @@ INSTANTIATE_TEST_SUITE_P(Rows, SaveFault,
         Fault{FaultyCall::close, EIO}, Fault{FaultyCall::close, EINTR},
         Fault{FaultyCall::lock, ENOLCK}, Fault{FaultyCall::lock, EINTR, 3}));
 
+TEST_F(StorageFault, writeUnsaved_saveFailedBefore_bringsAllOnce)
+{
+    startWithBothFiles();
+    {
+        const ArmedFault armed(sablequillFaultPlan(), home.path(), {FaultyCall::write, ENOSPC});
+        type(u"new"_s);
+        setOpacity(0.5);
+    }
+    storage->writeUnsaved();
+    EXPECT_EQ(storedNote(), u"new"_s);
+    EXPECT_EQ(storedOpacity(), 0.5);
+    const ArmedFault armed(sablequillFaultPlan(), home.path(), {FaultyCall::create, EIO});
+    storage->writeUnsaved();
+    EXPECT_EQ(armed.failed(), 0) << "nothing is left to write";
+}
+
 /// A full disk would be written to twice for each key.
 TEST_F(StorageFault, save_callFails_isTriedOnceByEachSave)
 {

@@ -8,6 +8,7 @@
 #include "OverlayView.h"
 #include "Refresh.h"
 #include "SettingsView.h"
+#include "StorageManager.h"
 
 #include <QApplication>
 #include <QToolTip>
@@ -51,6 +52,11 @@ void MirkpadApp::showSettingsWindow()
     settingsWindow->show();
     settingsWindow->raise();
     settingsWindow->activateWindow();
+}
+
+void MirkpadApp::writeUnsaved()
+{
+    appState.storageManager->writeUnsaved();
 }
 
 void MirkpadApp::followColorScheme()

@@ -30,6 +30,8 @@ public:
     void openPopover();
     /// Opens the Settings window or brings it forward.
     void showSettingsWindow();
+    /// For an end of the process that does not destroy this object.
+    void writeUnsaved();
 
 private:
     void followColorScheme();
