@@ -34,13 +34,14 @@ public:
 
 private:
     XServer server;
+    const bool isWayland = isWaylandSession(server);
     const std::unique_ptr<CaptureShield> shield =
-        CaptureShield::forSession(isWaylandSession(server), sessionBus());
+        CaptureShield::forSession(isWayland, sessionBus());
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;
-    X11PanelFactory panels{server, *shield};
+    X11PanelFactory panels{server, *shield, isWayland};
     QtScreens screens;
-    DesktopHotKeys hotKeys{server, isWaylandSession(server)};
+    DesktopHotKeys hotKeys{server, isWayland};
     AutostartLoginItem loginItem;
     QtMainQueue mainQueue;
 };

@@ -4,9 +4,8 @@
 #include <QGuiApplication>
 #include <QWindow>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <utility>
 
 namespace sablequill {
@@ -17,6 +16,8 @@ using namespace std::chrono_literals;
 constexpr std::uint32_t allWorkspaces = 0xffffffff;
 /// EWMH: the request comes from what the user works with, not from the window itself.
 constexpr std::uint32_t fromPager = 2;
+/// EWMH: as against removing or toggling.
+constexpr std::uint32_t addState = 1;
 
 xcb_client_message_data_t messageData(std::initializer_list<std::uint32_t> values)
 {
@@ -68,8 +69,8 @@ void ManagedKeeper::willShow(QWidget& shown)
 void ManagedKeeper::didShow(QWidget&)
 {
     // Once more for a window that was unmapped just before, whose properties were then deleted.
-    requestState(true, "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY");
-    requestState(true, "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER");
+    requestStates("_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY");
+    requestStates("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER");
     sendToManager("_NET_WM_DESKTOP", messageData({allWorkspaces, fromPager}));
     xcb_flush(server.connection);
 }
@@ -130,19 +131,17 @@ void ManagedKeeper::sendToManager(
     event.window = window;
     event.type = server.atom(message);
     event.data = data;
-    // The request is as long as any event.
-    std::array<char, 32> bytes{};
-    static_assert(sizeof event <= sizeof bytes);
-    std::memcpy(bytes.data(), &event, sizeof event);
+    // The server reads as much as the longest event has.
+    static_assert(sizeof event == 32);
     xcb_send_event(server.connection, 0, server.root,
-        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT, bytes.data());
+        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+        reinterpret_cast<const char*>(&event));
 }
 
-void ManagedKeeper::requestState(
-    bool isAdded, std::string_view first, std::string_view second) const
+void ManagedKeeper::requestStates(std::string_view first, std::string_view second) const
 {
     sendToManager("_NET_WM_STATE",
-        messageData({isAdded ? 1U : 0U, server.atom(first), server.atom(second), fromPager}));
+        messageData({addState, server.atom(first), server.atom(second), fromPager}));
 }
 
 bool ManagedKeeper::hasKeyboard() const

@@ -30,7 +30,7 @@ public:
 private:
     void setAtoms(std::string_view property, std::initializer_list<std::string_view> values) const;
     void sendToManager(std::string_view message, const xcb_client_message_data_t& data) const;
-    void requestState(bool isAdded, std::string_view first, std::string_view second) const;
+    void requestStates(std::string_view first, std::string_view second) const;
     bool hasKeyboard() const;
     void takeByHelper();
     void followFocus(const QWindow* focused);

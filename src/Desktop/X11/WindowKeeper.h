@@ -6,7 +6,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <memory>
 
 namespace sablequill {
 
@@ -38,8 +37,5 @@ public:
     /// Called at once after a press outside of the program's windows.
     std::function<void()> onPressElsewhere;
 };
-
-/// Makes one keeper for each panel.
-using WindowKeeperFactory = std::function<std::unique_ptr<WindowKeeper>()>;
 
 } // namespace sablequill

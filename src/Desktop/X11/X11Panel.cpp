@@ -5,7 +5,6 @@
 #include "Constants.h"
 #include "ManagedKeeper.h"
 #include "ScreenSpace.h"
-#include "Session.h"
 #include "UnmanagedKeeper.h"
 #include "Veil.h"
 
@@ -258,9 +257,11 @@ void X11Panel::loseAttention()
         didLoseAttention();
 }
 
-X11PanelFactory::X11PanelFactory(const XServer& server, CaptureShield& shield)
+X11PanelFactory::X11PanelFactory(
+    const XServer& server, CaptureShield& shield, bool isWaylandSession)
     : server(server)
     , shield(shield)
+    , isWaylandSession(isWaylandSession)
     , presses(server)
 {
 }
@@ -272,7 +273,7 @@ std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& descri
 
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()
 {
-    if (isWaylandSession(server))
+    if (isWaylandSession)
         return std::make_unique<ManagedKeeper>(server, presses);
     return std::make_unique<UnmanagedKeeper>(server, presses);
 }

@@ -72,8 +72,8 @@ private:
 
 class X11PanelFactory final : public PanelFactory {
 public:
-    /// Both outlive the factory, the factory its panels.
-    X11PanelFactory(const XServer& server, CaptureShield& shield);
+    /// The server and the shield outlive the factory, the factory its panels.
+    X11PanelFactory(const XServer& server, CaptureShield& shield, bool isWaylandSession);
 
     std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
 
@@ -82,6 +82,7 @@ private:
 
     const XServer& server;
     CaptureShield& shield;
+    const bool isWaylandSession;
     PressWatch presses;
 };
 

@@ -34,10 +34,12 @@ XServer::XServer()
 
 xcb_atom_t XServer::atom(std::string_view name) const
 {
+    if (const auto known = atoms.find(name); known != atoms.end())
+        return known->second;
     const auto cookie =
         xcb_intern_atom(connection, false, static_cast<std::uint16_t>(name.size()), name.data());
     const XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : noAtom;
+    return reply ? atoms.emplace(name, reply->atom).first->second : noAtom;
 }
 
 void XServer::addEventMask(xcb_window_t window, std::uint32_t mask) const

@@ -5,8 +5,10 @@
 
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 #include <xcb/xcb.h>
@@ -33,6 +35,7 @@ public:
     const xcb_window_t root;
     const int screenNumber;
 
+    /// Asks the server for each name once.
     xcb_atom_t atom(std::string_view name) const;
     /// Adds to what this program hears of a window, keeping what it hears already.
     void addEventMask(xcb_window_t window, std::uint32_t mask) const;
@@ -56,6 +59,9 @@ public:
     std::optional<xcb_window_t> activeWindow() const;
     xcb_window_t focusedWindow() const;
     void setFocus(xcb_window_t window) const;
+
+private:
+    mutable std::map<std::string, xcb_atom_t, std::less<>> atoms;
 };
 
 /// Hands every event of the toolkit's connection to a function, before the toolkit sees it, for as

@@ -33,7 +33,7 @@ protected:
 
     XServer server;
     SlowShield shield;
-    X11PanelFactory panels{server, shield};
+    X11PanelFactory panels{server, shield, false};
     std::unique_ptr<Panel> panel = panels.makePanel({.contentRect = {100, 100, 200, 100}});
 };
 
