@@ -22,10 +22,7 @@ PanelWindow::PanelWindow(Qt::WindowFlags flags)
         Q_EMIT dragChanged(true);
     });
     connect(&handles, &ResizeHandles::moved, this, &PanelWindow::pull);
-    connect(&handles, &ResizeHandles::ended, this, [this] {
-        Q_EMIT dragChanged(false);
-        Q_EMIT liveResizeEnded();
-    });
+    connect(&handles, &ResizeHandles::ended, this, &PanelWindow::endPull);
 }
 
 PanelWindow::~PanelWindow() = default;
@@ -87,6 +84,13 @@ void PanelWindow::showEvent(QShowEvent* event)
     windowHandle()->installEventFilter(this);
 }
 
+void PanelWindow::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    // The button is released over another window.
+    endMove();
+}
+
 void PanelWindow::moveEvent(QMoveEvent* event)
 {
     QWidget::moveEvent(event);
@@ -118,10 +122,22 @@ void PanelWindow::mouseMoveEvent(QMouseEvent* event)
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!isMoving || event->button() != Qt::LeftButton)
-        return;
-    isMoving = false;
+    if (event->button() == Qt::LeftButton)
+        endMove();
+}
+
+void PanelWindow::endMove()
+{
+    if (std::exchange(isMoving, false))
+        Q_EMIT dragChanged(false);
+}
+
+void PanelWindow::endPull()
+{
     Q_EMIT dragChanged(false);
+    // A click on an edge resizes nothing.
+    if (card() != cardAtPress)
+        Q_EMIT liveResizeEnded();
 }
 
 void PanelWindow::pull(const QMargins& grip, QPoint way)
@@ -149,10 +165,10 @@ void PanelWindow::reportChange()
     // The frame that the window is made with is no change.
     if (before.isNull())
         return;
-    if (before.topLeft() != now.topLeft())
-        Q_EMIT cardMoved();
     if (before.size() != now.size())
         Q_EMIT cardResized();
+    else if (before.topLeft() != now.topLeft())
+        Q_EMIT cardMoved();
 }
 
 } // namespace sablequill

@@ -37,6 +37,7 @@ public:
 Q_SIGNALS:
     /// Any press in the window, whatever lies under it.
     void pressed();
+    /// One of the two at each step: a pull at some edges moves the card as well.
     void cardMoved();
     void cardResized();
     void liveResizeEnded();
@@ -47,6 +48,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -54,6 +56,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void endMove();
+    void endPull();
     void pull(const QMargins& grip, QPoint way);
     void layOut();
     void reportChange();

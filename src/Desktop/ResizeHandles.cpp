@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace sablequill {
 namespace {
@@ -72,13 +73,23 @@ protected:
 
     void mouseReleaseEvent(QMouseEvent* event) override
     {
-        if (!isPulled || event->button() != Qt::LeftButton)
-            return;
-        isPulled = false;
-        Q_EMIT handles.ended();
+        if (event->button() == Qt::LeftButton)
+            end();
+    }
+
+    void hideEvent(QHideEvent*) override
+    {
+        // The button is released over another window.
+        end();
     }
 
 private:
+    void end()
+    {
+        if (std::exchange(isPulled, false))
+            Q_EMIT handles.ended();
+    }
+
     ResizeHandles& handles;
     QPoint pressedAt;
     bool isPulled = false;

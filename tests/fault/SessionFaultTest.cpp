@@ -29,6 +29,14 @@ protected:
         geometry << area.width << "/169x" << area.height << "/211+" << area.x << '+' << area.y;
         runInSession({"xrandr", "--setmonitor", name, geometry.str(), output});
     }
+    /// From 1280 x 800 pixels to 800 x 600.
+    void shrinkScreen() const
+    {
+        runInSession({"xrandr", "--newmode", "small", "40", "800", "840", "968", "1056", "600",
+            "601", "605", "628"});
+        runInSession({"xrandr", "--addmode", "screen", "small"});
+        runInSession({"xrandr", "--output", "screen", "--mode", "small"});
+    }
     Area windowArea() const
     {
         const auto id = overlay.window();
@@ -108,10 +116,7 @@ TEST_P(SessionFaultTest, screen_shrunkUnderTheCard_cardComesBackOntoIt)
     user.writeSettings(settingsWith({840, 500, 420, 280}));
     startProgram();
     probe.hide();
-    runInSession({"xrandr", "--newmode", "small", "40", "800", "840", "968", "1056", "600", "601",
-        "605", "628"});
-    runInSession({"xrandr", "--addmode", "screen", "small"});
-    runInSession({"xrandr", "--output", "screen", "--mode", "small"});
+    shrinkScreen();
     EXPECT_TRUE(waitUntil([&] { return overlay.card().right() <= 800; })) << overlay.card();
     EXPECT_LE(overlay.card().bottom(), 600);
     expectEverythingWorks("on the small screen");
@@ -121,6 +126,22 @@ TEST_P(SessionFaultTest, screen_shrunkUnderTheCard_cardComesBackOntoIt)
         waitUntil([&] { return XConnection(session.displayName()).screenArea().width == 1280; }));
     expectEverythingWorks("on the large screen");
     EXPECT_EQ(overlay.card().width, card.width);
+    endProgram();
+}
+
+/// Frames are counted from the bottom of the screen.
+TEST_P(SessionFaultTest, screen_shrunkBesideTheCard_nextStartShowsItWhereItWas)
+{
+    const Area card{100, 100, 420, 280};
+    user.writeSettings(settingsWith(card));
+    startProgram();
+    probe.hide();
+    shrinkScreen();
+    expectEverythingWorks("on the small screen");
+    EXPECT_EQ(overlay.card(), card);
+    endProgram();
+    startProgram();
+    EXPECT_EQ(overlay.card(), card);
     endProgram();
 }
 

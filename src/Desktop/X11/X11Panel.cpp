@@ -30,11 +30,10 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
 {
     window.setWindowTitle(Constants::appName);
     window.setWindowRole(description.role);
-    // Compositors draw no shadow of their own round such a window.
-    window.setAttribute(Qt::WA_X11NetWmWindowTypeUtility);
     window.isResizable = (description.styleMask & StyleMask::resizable) != 0;
     window.setComposited(keeper->isAlwaysComposited() || compositor.isComposited());
     window.setCard(ScreenSpace::toToolkit(description.contentRect));
+    knownFrame = frame();
     new Veil(window, shield);
     connectWindow();
 }
@@ -57,11 +56,9 @@ void X11Panel::connectWindow()
     connect(&window, &PanelWindow::pressed, this, &X11Panel::makeKey);
     connect(&window, &PanelWindow::dragChanged, this,
         [this](bool isDragging) { keeper->setDragging(isDragging); });
-    connect(&window, &PanelWindow::cardMoved, this, [this] {
-        if (delegate)
-            delegate->windowDidMove(this);
-    });
+    connect(&window, &PanelWindow::cardMoved, this, &X11Panel::reportMove);
     connect(&window, &PanelWindow::cardResized, this, [this] {
+        knownFrame = frame();
         if (delegate)
             delegate->windowDidResize(this);
     });
@@ -77,16 +74,31 @@ void X11Panel::connectWindow()
 void X11Panel::followScreens()
 {
     const auto follow = [this](const QScreen* screen) {
-        connect(screen, &QScreen::geometryChanged, this, &X11Panel::moveOntoScreen,
+        connect(screen, &QScreen::geometryChanged, this, &X11Panel::followScreenChange,
             Qt::QueuedConnection);
     };
     for (const QScreen* screen : QGuiApplication::screens())
         follow(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::moveOntoScreen,
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &X11Panel::followScreenChange,
         Qt::QueuedConnection);
-    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Panel::moveOntoScreen,
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &X11Panel::followScreenChange,
         Qt::QueuedConnection);
+}
+
+void X11Panel::followScreenChange()
+{
+    moveOntoScreen();
+    // The same place has other coordinates where the primary screen's bottom is another.
+    if (frame() != knownFrame)
+        reportMove();
+}
+
+void X11Panel::reportMove()
+{
+    knownFrame = frame();
+    if (delegate)
+        delegate->windowDidMove(this);
 }
 
 void X11Panel::setAttributes(const PanelAttributes& attributes)

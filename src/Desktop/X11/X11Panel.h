@@ -45,6 +45,8 @@ public:
 private:
     void connectWindow();
     void followScreens();
+    void followScreenChange();
+    void reportMove();
     void applyAlpha(double value);
     void writeAlpha();
     void applyInputShape();
@@ -64,6 +66,8 @@ private:
     bool isAlphaPosted = false;
     CompositorWatch compositor;
     PanelDelegate* delegate = nullptr;
+    /// As last reported.
+    Rect knownFrame;
     std::function<void(Panel*)> didEndLiveResize;
     std::function<void()> didLoseAttention;
     bool isKey = false;
