@@ -28,7 +28,7 @@ protected:
         .retry = Milliseconds(5),
         .check = Milliseconds(0)};
     static constexpr HyprlandShield::Times impatient{.patience = Milliseconds(40),
-        .answer = Milliseconds(20),
+        .answer = Milliseconds(500),
         .retry = Milliseconds(5),
         .check = Milliseconds(0)};
     static constexpr HyprlandShield::Times checking{.patience = Milliseconds(8000),
