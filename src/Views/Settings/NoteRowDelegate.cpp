@@ -5,6 +5,7 @@
 #include "Ink.h"
 #include "NotesListModel.h"
 #include "Symbol.h"
+#include "Text.h"
 #include "TextStyle.h"
 
 #include <QPainter>
@@ -19,16 +20,24 @@ constexpr int lineSpacing = 2;
 constexpr TextStyle titleStyle{13, QFont::Medium};
 constexpr double symbolSize = 13;
 
-/// The first line of a text, as much of it as there is room for.
+/// The text as it is stored, but on one line: a title out of a file may hold anything.
+QString onOneLine(QString text)
+{
+    for (QChar& character : text)
+        if (Text::isNewline(character) || character.category() == QChar::Other_Control)
+            character = u' ';
+    return text;
+}
+
+/// As much of a text as there is room for.
 void drawLine(QPainter& painter, const QRect& area, const TextStyle& style, const QColor& ink,
     const QString& text)
 {
     painter.setFont(font(style));
     painter.setPen(ink);
     const QFontMetrics metrics(painter.font());
-    const QString line = text.simplified();
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
-        metrics.elidedText(line, Qt::ElideRight, area.width()));
+        metrics.elidedText(onOneLine(text), Qt::ElideRight, area.width()));
 }
 
 } // namespace
@@ -54,8 +63,8 @@ void NoteRowDelegate::paint(
         const QPoint corner(content.right() + 1 - extent, content.center().y() - extent / 2);
         drawSymbol(*painter, corner, {QStringLiteral("checkmark.circle.fill"), symbolSize},
             ink(InkRole::accent));
+        content.adjust(0, 0, -extent - horizontalPadding, 0);
     }
-    content.adjust(0, 0, -extent - horizontalPadding, 0);
     const int titleHeight = QFontMetrics(font(titleStyle)).height();
     drawLine(*painter, {content.topLeft(), QSize(content.width(), titleHeight)}, titleStyle,
         ink(InkRole::primary), index.data(Qt::DisplayRole).toString());

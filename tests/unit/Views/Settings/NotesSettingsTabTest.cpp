@@ -6,6 +6,7 @@
 #include "Ink.h"
 #include "NoteRowDelegate.h"
 #include "NotesListView.h"
+#include "Symbol.h"
 #include "TextStyle.h"
 #include "Widgets.h"
 
@@ -68,6 +69,18 @@ protected:
     {
         turn();
         return picture(*list.viewport()).copy(list.visualRect(index(row)));
+    }
+
+    /// A list of two notes, the second of which is not the selected one.
+    QImage pictureOfSecond(const QString& title, const QString& content)
+    {
+        makeNotes(2);
+        notes.notes.modify([&](auto& list) {
+            list[1].title = title;
+            list[1].content = content;
+        });
+        turn();
+        return rowPicture(1);
     }
 
     static QMenu* menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
@@ -159,6 +172,48 @@ TEST_F(NotesSettingsTabTest, checkmark_selection_isOnItsRowOnly)
     notes.selectNext();
     EXPECT_FALSE(accent(0));
     EXPECT_TRUE(accent(1));
+}
+
+TEST_F(NotesSettingsTabTest, rows_longTexts_endAtThePaddingOrBeforeTheCheckmark)
+{
+    const auto isClear = [](const QImage& image, int from, int to) {
+        for (int x = from; x < to; ++x)
+            for (int y = 0; y < image.height() - 1; ++y)
+                if (image.pixelColor(x, y).alpha() > 40)
+                    return false;
+        return true;
+    };
+    const int end = 520 - 12;
+    const int symbol = end - symbolExtent(13);
+    const QImage unselected = pictureOfSecond(QString(300, u'i'), QString(80, u'W'));
+    EXPECT_TRUE(isClear(unselected, end, 520));
+    EXPECT_FALSE(isClear(unselected, symbol - 12, symbol));
+    click(1);
+    const QImage selected = rowPicture(1);
+    EXPECT_TRUE(isClear(selected, end, 520));
+    EXPECT_TRUE(isClear(selected, symbol - 12, symbol));
+    EXPECT_FALSE(isClear(selected, symbol - 24, symbol - 12));
+}
+
+TEST_F(NotesSettingsTabTest, rows_spacesInTexts_areDrawnAsTheyAre)
+{
+    const QString plain = QStringLiteral("One two");
+    const QImage reference = pictureOfSecond(plain, plain);
+    EXPECT_NE(pictureOfSecond(QStringLiteral("One    two"), plain), reference);
+    EXPECT_NE(pictureOfSecond(QStringLiteral("  One two"), plain), reference);
+    EXPECT_NE(pictureOfSecond(plain, QStringLiteral("One    two")), reference);
+}
+
+TEST_F(NotesSettingsTabTest, rows_whatBreaksALine_isDrawnAsASpace)
+{
+    const QString plain = QStringLiteral("One two");
+    const QImage reference = pictureOfSecond(plain, plain);
+    for (const char16_t character :
+        {u'\n', u'\r', u'\t', u'\v', u'\f', u'\0', u'\x85', u'\x9c', u'\x2028', u'\x2029'}) {
+        QString text = plain;
+        text[3] = character;
+        EXPECT_EQ(pictureOfSecond(text, text), reference) << static_cast<int>(character);
+    }
 }
 
 TEST_F(NotesSettingsTabTest, rows_pointerOverOne_answers)
