@@ -112,6 +112,7 @@ MenuBarView::MenuBarView(
 
     auto* refreshing = new Refresh(this, [this] { refresh(); });
     refreshing->observe(&notesManager);
+    refreshing->observe(&appState);
     refresh();
 }
 
@@ -178,7 +179,6 @@ QWidget* MenuBarView::footer()
 void MenuBarView::appear()
 {
     appState.overlayManager->ensurePanelCreated(appState);
-    mirkIndicator->setVisible(appState.storageManager->settings.mirkModeEnabled);
     refresh();
     setFocus(Qt::OtherFocusReason);
 }
@@ -205,6 +205,7 @@ void MenuBarView::selectNote(std::size_t index)
 
 void MenuBarView::refresh()
 {
+    mirkIndicator->setVisible(appState.storageManager->settings.mirkModeEnabled);
     const std::vector<MirkpadItem>& notes = notesManager.notes;
     for (std::size_t i = 0; i < shownNotes; ++i) {
         const bool isShown = i < notes.size();

@@ -274,6 +274,27 @@ TEST_F(MenuBarViewTest, mirkIndicator_eachOpening_followsTheStoredSettings)
     EXPECT_FALSE(isMirkShown());
 }
 
+TEST_F(MenuBarViewTest, mirkIndicator_settingSavedWhileOpen_isFollowed)
+{
+    for (const bool isOn : {false, true}) {
+        appState.settingsViewModel->mirkModeEnabled = isOn;
+        settle();
+        EXPECT_EQ(isMirkShown(), !isOn);
+        appState.settingsViewModel->persist();
+        settle();
+        EXPECT_EQ(isMirkShown(), isOn);
+    }
+}
+
+TEST_F(MenuBarViewTest, mirkIndicator_notesChange_followsTheStoredSettings)
+{
+    AppSettings settings = appState.storageManager->settings;
+    settings.mirkModeEnabled = false;
+    appState.storageManager->saveSettings(settings);
+    makeNotes(2);
+    EXPECT_FALSE(isMirkShown());
+}
+
 TEST_F(MenuBarViewTest, mirkIndicator_unsavedEdit_changesNothing)
 {
     appState.settingsViewModel->mirkModeEnabled = false;
