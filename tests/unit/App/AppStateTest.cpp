@@ -10,6 +10,9 @@
 #include "StorageManager.h"
 #include "WindowManager.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <algorithm>
 
 namespace sablequill {
@@ -39,6 +42,13 @@ protected:
     {
         StorageManager(loginItem).saveSettings(settings);
         journal.take();
+    }
+
+    void removeSavedKey(const char* key)
+    {
+        QJsonObject settings = QJsonDocument::fromJson(bytesOf(home.settings())).object();
+        ASSERT_FALSE(settings.take(QLatin1String(key)).isUndefined());
+        writeFile(home.settings(), QJsonDocument(settings).toJson());
     }
 
     AppSettings savedSettings() { return StorageManager(loginItem).settings; }
@@ -79,6 +89,26 @@ TEST_F(AppStateTest, construct_onboardingCompletedBefore_notShown)
 
     EXPECT_FALSE(appState->showOnboarding);
     EXPECT_EQ(appState->currentSettings.get(), settings);
+}
+
+TEST_F(AppStateTest, construct_storedSettingsLackAKey_runsOnAllDefaults)
+{
+    for (const char* key : {"alwaysOnTop", "fontSize", "hasCompletedOnboarding", "launchAtStartup",
+             "mirkModeEnabled", "opacity", "shortcuts"}) {
+        AppSettings settings;
+        settings.hasCompletedOnboarding = true;
+        settings.opacity = 0.5;
+        settings.shortcuts[QStringLiteral("quickOpen")] = {
+            45, KeyboardShortcutBinding::ModifierFlags::option};
+        save(settings);
+        removeSavedKey(key);
+
+        const auto appState = start();
+
+        EXPECT_TRUE(appState->showOnboarding) << key;
+        EXPECT_EQ(appState->currentSettings.get(), AppSettings{}) << key;
+        EXPECT_EQ(journal.take(), hotKeysRegistered) << key;
+    }
 }
 
 TEST_F(AppStateTest, construct_storedBindings_areRegistered)
