@@ -9,8 +9,11 @@
 #include "TextLabel.h"
 #include "Widgets.h"
 
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <cstdlib>
 
 namespace sablequill {
 namespace {
@@ -53,13 +56,14 @@ protected:
         return count;
     }
 
-    TextLabel& text(const QString& words)
+    static TextLabel& textIn(const QWidget& root, const QString& words)
     {
-        for (TextLabel* label : view.findChildren<TextLabel*>())
+        for (TextLabel* label : root.findChildren<TextLabel*>())
             if (label->text() == words)
                 return *label;
         qFatal("no text says %s", qPrintable(words));
     }
+    TextLabel& text(const QString& words) { return textIn(view, words); }
     QRect frame(const QString& words) { return frameIn(view, text(words)); }
     QWidget& button(const QString& title) { return found(view, title); }
     void click(const QString& title) { QTest::mouseClick(&button(title), Qt::LeftButton); }
@@ -168,6 +172,27 @@ TEST_F(OnboardingViewTest, size_always_is480By420With340ForThePages)
         turnTo(page);
         EXPECT_EQ(pageFrame(page), QRect(0, 0, 480, 340));
         EXPECT_EQ(view.size(), QSize(480, 420));
+    }
+}
+
+TEST_F(OnboardingViewTest, size_textsOfOtherLengths_staysAsItIs)
+{
+    const QString title = QStringLiteral("Welcome to Sablequill");
+    const QFont usual = QApplication::font();
+    for (const double percent : {50.0, 200.0, 400.0}) {
+        QFont spaced = usual;
+        spaced.setLetterSpacing(QFont::PercentageSpacing, percent);
+        QApplication::setFont(spaced);
+        OnboardingView other(appState);
+        QApplication::setFont(usual);
+        present(other);
+        EXPECT_GT(std::abs(textIn(other, title).width() - text(title).width()), 40) << percent;
+        for (int page = 0; page < 3; ++page) {
+            other.setCurrentPage(page);
+            turn();
+            EXPECT_EQ(other.size(), QSize(480, 420)) << percent;
+            EXPECT_EQ(other.findChild<PagedView*>()->size(), QSize(480, 340)) << percent;
+        }
     }
 }
 
