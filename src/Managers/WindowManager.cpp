@@ -178,6 +178,7 @@ void WindowManager::observeResize(OverlayPanel& panel)
 void WindowManager::persistFrame(const Panel& window)
 {
     const Rect frame = window.frame();
+    Q_EMIT frameChanged();
     if (onFrameChanged)
         onFrameChanged({frame.x, frame.y, frame.width, frame.height});
 }

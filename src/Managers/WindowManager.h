@@ -19,6 +19,8 @@ class Screens;
 /// keeps it out of captures in Mirk mode, and reports where it is. Without a panel everything but
 /// createOverlayPanel() and restoredFrame() does nothing.
 class WindowManager : public QObject, public PanelDelegate {
+    Q_OBJECT
+
 public:
     /// All three outlive this object.
     WindowManager(PanelFactory& panels, Screens& screens, MainQueue& mainQueue);
@@ -58,6 +60,10 @@ public:
 
     void windowDidMove(Panel* window) override;
     void windowDidResize(Panel* window) override;
+
+Q_SIGNALS:
+    /// Just before onFrameChanged.
+    void frameChanged();
 
 private:
     void reassertMirkMode();

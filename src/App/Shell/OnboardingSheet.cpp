@@ -12,6 +12,8 @@
 #include "WindowManager.h"
 #include "WindowPlacement.h"
 
+#include <utility>
+
 namespace sablequill {
 
 OnboardingSheet::OnboardingSheet(AppState& appState, const Platform& platform)
@@ -22,6 +24,8 @@ OnboardingSheet::OnboardingSheet(AppState& appState, const Platform& platform)
     auto* refresh = new Refresh(this, [this] { update(); });
     refresh->observe(&appState);
     refresh->observe(appState.overlayManager.get());
+    connect(
+        appState.windowManager.get(), &WindowManager::frameChanged, this, &OnboardingSheet::follow);
 }
 
 OnboardingSheet::~OnboardingSheet() = default;
@@ -36,13 +40,14 @@ void OnboardingSheet::update()
     else if (isOverlayShown && !panel)
         present();
     else if (isOverlayShown)
-        panel->orderFrontRegardless();
+        bringBack();
     else if (panel)
         panel->orderOut();
 }
 
 void OnboardingSheet::present()
 {
+    followed = overlayFrame();
     auto* view = new OnboardingView(appState);
     connect(view, &OnboardingView::dismissed, this, [this] { appState.showOnboarding = false; });
     panel = panels.makePanel({.contentRect = frame(),
@@ -63,6 +68,13 @@ void OnboardingSheet::present()
     panel->makeKey();
 }
 
+void OnboardingSheet::bringBack()
+{
+    if (!panel->isVisible())
+        panel->setFrame(frame());
+    panel->orderFrontRegardless();
+}
+
 void OnboardingSheet::close()
 {
     if (!panel)
@@ -71,14 +83,37 @@ void OnboardingSheet::close()
     panel.reset();
 }
 
+void OnboardingSheet::follow()
+{
+    if (!panel)
+        return;
+    const Rect now = overlayFrame();
+    const Rect before = std::exchange(followed, now);
+    if (now == before)
+        return;
+    Rect guide = panel->frame();
+    guide.x += now.midX() - before.midX();
+    guide.y += now.midY() - before.midY();
+    panel->setFrame(WindowPlacement::movedInto(guide, area()));
+}
+
+Rect OnboardingSheet::overlayFrame() const
+{
+    return appState.windowManager->overlayPanel->panel().frame();
+}
+
 Rect OnboardingSheet::frame() const
 {
     constexpr double width = 480;
     constexpr double height = 420;
-    const Rect overlay = appState.windowManager->overlayPanel->panel().frame();
+    return WindowPlacement::centered(width, height, overlayFrame(), area());
+}
+
+Rect OnboardingSheet::area() const
+{
+    const Rect overlay = overlayFrame();
     const auto screen = screens.screenOf(overlay);
-    return WindowPlacement::centered(
-        width, height, overlay, screen ? screen->visibleFrame : overlay);
+    return screen ? screen->visibleFrame : overlay;
 }
 
 } // namespace sablequill

@@ -164,6 +164,27 @@ TEST_P(FirstRunTest, guide_overlayHidden_goesAndComesWithIt)
     EXPECT_TRUE(isPage(firstPage));
 }
 
+TEST_P(FirstRunTest, overlay_dragged_takesTheGuideAlong)
+{
+    startWithGuide();
+    // The guide covers the overlay whole: it is put aside first.
+    Area expected = guide.card();
+    const Point page{expected.x + 30, expected.y + 20};
+    expected.x -= 200;
+    expected.y += 130;
+    mouse.drag(page, {page.x - 200, page.y + 130});
+    ASSERT_TRUE(runUntil([&] { return guide.card() == expected; })) << guide.card();
+    const Area before = overlay.card();
+    const Point header = overlay.headerBackground();
+    mouse.drag(header, {header.x + 63, header.y - 41});
+    ASSERT_TRUE(runUntil([&] { return overlay.card().x == before.x + 63; })) << overlay.card();
+    expected.x += 63;
+    expected.y -= 41;
+    EXPECT_TRUE(runUntil([&] { return guide.card() == expected; })) << guide.card();
+    mouse.click(guide.forwardButton());
+    pageAfter({firstPage});
+}
+
 INSTANTIATE_FOR_ALL_SETUPS(FirstRunTest);
 
 } // namespace

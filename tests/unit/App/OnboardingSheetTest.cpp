@@ -23,6 +23,15 @@ protected:
     }
 
     FakePanel& guide() { return *panels.panel; }
+    FakePanel& overlay()
+    {
+        return dynamic_cast<FakePanel&>(appState.windowManager->overlayPanel->panel());
+    }
+    Rect overTheOverlay()
+    {
+        const Rect owner = overlay().frame();
+        return {owner.midX() - 240, owner.midY() - 210, 480, 420};
+    }
     OnboardingView& view()
     {
         return found<OnboardingView>(
@@ -46,8 +55,7 @@ TEST_F(OnboardingSheetTest, bootstrap_firstRun_isShownOverTheOverlayWithTheKeybo
     EXPECT_TRUE(sheet.isShown());
     EXPECT_TRUE(guide().isKey);
     EXPECT_EQ(guide().level, WindowLevel::floating);
-    const Rect overlay = appState.windowManager->overlayPanel->panel().frame();
-    EXPECT_EQ(guide().frame(), (Rect{overlay.midX() - 240, overlay.midY() - 210, 480, 420}));
+    EXPECT_EQ(guide().frame(), overTheOverlay());
 }
 
 TEST_F(OnboardingSheetTest, bootstrap_overlayAtTheEdge_liesInsideTheScreen)
@@ -78,6 +86,57 @@ TEST_F(OnboardingSheetTest, overlay_hiddenAndShown_takesTheGuideAlong)
     EXPECT_TRUE(sheet.isShown());
     EXPECT_EQ(&guide(), &panel);
     EXPECT_TRUE(appState.showOnboarding);
+}
+
+TEST_F(OnboardingSheetTest, overlay_movedOrResized_takesTheGuideAlong)
+{
+    start();
+    overlay().move(300, 250);
+    EXPECT_EQ(guide().frame(), overTheOverlay());
+    overlay().resize(700, 360);
+    EXPECT_EQ(guide().frame(), overTheOverlay());
+    overlay().endLiveResize();
+    EXPECT_EQ(guide().frame(), overTheOverlay());
+}
+
+TEST_F(OnboardingSheetTest, overlay_movedAfterTheGuideWas_keepsItBeside)
+{
+    start();
+    guide().move(20, 30);
+    const Rect before = overlay().frame();
+    overlay().move(before.x + 70, before.y + 40);
+    EXPECT_EQ(guide().frame(), (Rect{90, 70, 480, 420}));
+}
+
+TEST_F(OnboardingSheetTest, overlay_movedPastTheEdge_leavesTheGuideInsideTheScreen)
+{
+    start();
+    overlay().move(1400, -200);
+    EXPECT_EQ(guide().frame(), (Rect{1440 - 480, 0, 480, 420}));
+}
+
+TEST_F(OnboardingSheetTest, overlay_broughtBack_bringsTheGuideOverItsMiddle)
+{
+    start();
+    guide().move(-470, -400);
+    appState.overlayManager->showOverlay();
+    turn();
+    EXPECT_EQ(guide().frame(), (Rect{-470, -400, 480, 420})) << "it was not away";
+    appState.overlayManager->hideOverlay();
+    turn();
+    overlay().move(300, 250);
+    appState.overlayManager->showOverlay();
+    turn();
+    EXPECT_EQ(guide().frame(), overTheOverlay());
+}
+
+TEST_F(OnboardingSheetTest, overlay_movedWithoutAGuide_showsNone)
+{
+    start();
+    appState.completeOnboarding();
+    turn();
+    overlay().move(300, 250);
+    EXPECT_FALSE(sheet.isShown());
 }
 
 TEST_F(OnboardingSheetTest, overlay_hiddenBeforeTheGuideCame_waitsForIt)
