@@ -18,16 +18,24 @@ QPixmap clearPixmap(int side)
     return pixmap;
 }
 
+QPixmap tinted(QPixmap pixmap, const QColor& color)
+{
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), color);
+    painter.end();
+    return pixmap;
+}
+
 QPixmap statusPixmap(int side)
 {
     const Symbol symbol{QStringLiteral("note.text"), 13, QFont::DemiBold};
     // The rim takes a sixteenth of the side all round.
     const double rim = side / 16.0;
     const double ratio = (side - 2 * rim) / symbolExtent(symbol.size);
-    QPixmap dark = symbolPixmap(symbol, Qt::black, ratio);
     QPixmap white = symbolPixmap(symbol, Qt::white, ratio);
-    dark.setDevicePixelRatio(1);
     white.setDevicePixelRatio(1);
+    const QPixmap dark = tinted(white, Qt::black);
 
     QPixmap pixmap = clearPixmap(side);
     QPainter painter(&pixmap);
