@@ -6,6 +6,7 @@
 #include "MirkpadApp.h"
 #include "PopupStyle.h"
 #include "SingleInstance.h"
+#include "TextStyle.h"
 #include "Toolkit.h"
 #include "UnixSignals.h"
 
@@ -31,6 +32,8 @@ int main(int, char* argv[])
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
     // Before the first widget, which is then polished once.
     QApplication::setStyle(new PopupStyle);
+    // Text views are laid out once before they are given a font: in one that is needed anyway.
+    QApplication::setFont(font(TextStyles::body));
     installAccessibleContainers();
 
     DesktopPlatform desktop;
