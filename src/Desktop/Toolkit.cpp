@@ -2,6 +2,8 @@
 #include "Toolkit.h"
 
 #include <QApplication>
+#include <QPixmapCache>
+#include <QThreadPool>
 
 namespace sablequill {
 namespace {
@@ -46,7 +48,12 @@ std::unique_ptr<QApplication> startToolkit(char* programName)
     const TemporaryVariable desktop("XDG_CURRENT_DESKTOP", "generic");
     static int argumentCount = 1;
     static char* arguments[] = {programName, nullptr};
-    return std::make_unique<QApplication>(argumentCount, arguments);
+    auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
+    // What it keeps of icons it looks through half a minute later, and the threads that help it fill
+    // end then: both would wake a program that sleeps.
+    QPixmapCache::setCacheLimit(0);
+    QThreadPool::globalInstance()->setExpiryTimeout(0);
+    return toolkit;
 }
 
 } // namespace sablequill

@@ -96,18 +96,18 @@ void CardPatch::draw(const QSize& cardSize, double nextRatio)
         painter.fillPath(shape, Qt::black);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         painter.fillPath(shape, fill);
-        paintStroke(painter, card, ratio);
     });
+    paintStroke(painter, card, ratio);
 }
 
 void CardPatch::paintStroke(QPainter& painter, const QRectF& card, double ratio)
 {
     const double half = ratio / 2;
     const QColor white = QColor::fromRgbF(1, 1, 1, strokeOpacity);
+    const QPainterPath line =
+        cardShape(card.adjusted(half, half, -half, -half), cornerRadius * ratio - half);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.strokePath(
-        cardShape(card.adjusted(half, half, -half, -half), cornerRadius * ratio - half),
-        QPen(white, ratio));
+    drawInBands(painter, card, [&] { painter.strokePath(line, QPen(white, ratio)); });
 }
 
 } // namespace sablequill

@@ -5,7 +5,7 @@
 
 #include <QFile>
 #include <QPainter>
-#include <QPixmapCache>
+#include <QHash>
 #include <QSvgRenderer>
 
 #include <cmath>
@@ -75,12 +75,12 @@ int symbolExtent(double pointSize)
 
 QPixmap symbolPixmap(const Symbol& symbol, const QColor& color, double devicePixelRatio)
 {
+    // Few, and for good: the toolkit's own cache wakes the program to look what it may forget.
+    static QHash<QString, QPixmap> drawn;
     const QString key = cacheKey(symbol, color, devicePixelRatio);
-    QPixmap pixmap;
-    if (!QPixmapCache::find(key, &pixmap)) {
+    QPixmap& pixmap = drawn[key];
+    if (pixmap.isNull())
         pixmap = draw(symbol, color, devicePixelRatio);
-        QPixmapCache::insert(key, pixmap);
-    }
     return pixmap;
 }
 
