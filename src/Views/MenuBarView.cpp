@@ -34,6 +34,8 @@ PlainButton* menuButton(const MenuAction& action)
     return named(action.title, action.title, new PlainButton(label, rowBackdrop, action.run));
 }
 
+} // namespace
+
 std::vector<MenuAction> menuActions(
     AppState& appState, std::function<void()> showSettings, std::function<void()> quit)
 {
@@ -52,8 +54,6 @@ std::vector<MenuAction> menuActions(
         {QStringLiteral("Quit Sablequill"), QString(), std::move(quit)},
     };
 }
-
-} // namespace
 
 /// One of the notes, with a checkmark when it is the selected one.
 class NoteRow : public PlainButton {
@@ -86,11 +86,10 @@ private:
     SymbolView* checkmark;
 };
 
-MenuBarView::MenuBarView(
-    AppState& appState, std::function<void()> showSettings, std::function<void()> quit)
-    : actions(menuActions(appState, std::move(showSettings), std::move(quit)))
-    , appState(appState)
+MenuBarView::MenuBarView(AppState& appState, std::vector<MenuAction> menuActions)
+    : appState(appState)
     , notesManager(*appState.notesManager)
+    , actions(std::move(menuActions))
 {
     setObjectName(QStringLiteral("menuBarView"));
     setAccessibleName(QStringLiteral("Sablequill"));

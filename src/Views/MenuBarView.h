@@ -23,17 +23,18 @@ struct MenuAction {
     std::function<void()> run;
 };
 
+/// The entries in their order; the last one ends the program. The application state outlives them.
+/// `showSettings` and `quit` are what the last two do.
+std::vector<MenuAction> menuActions(
+    AppState& appState, std::function<void()> showSettings, std::function<void()> quit);
+
 /// The popover's content: the first notes, the main actions, and the way out.
 class MenuBarView : public QWidget {
     Q_OBJECT
 
 public:
-    /// The application state outlives the view. `showSettings` and `quit` are what the last two
-    /// entries do.
-    MenuBarView(AppState& appState, std::function<void()> showSettings, std::function<void()> quit);
-
-    /// In their order; the last one ends the program.
-    const std::vector<MenuAction> actions;
+    /// The application state outlives the view; the actions are the entries of menuActions().
+    MenuBarView(AppState& appState, std::vector<MenuAction> actions);
 
     /// To be called each time the view is about to be shown.
     void appear();
@@ -58,6 +59,7 @@ private:
 
     AppState& appState;
     NotesManager& notesManager;
+    const std::vector<MenuAction> actions;
     SymbolView* mirkIndicator = nullptr;
     std::vector<NoteRow*> noteRows;
     QWidget* overflow = nullptr;

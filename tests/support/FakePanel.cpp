@@ -183,7 +183,7 @@ std::unique_ptr<Panel> FakePanelFactory::makePanel(const PanelDescription& descr
         static_cast<int>(description.backing), description.defer, description.canBecomeKey,
         description.canBecomeMain);
     auto made = std::make_unique<FakePanel>(journal, clock, description);
-    panel = made.get();
+    panel = byRole[description.role] = made.get();
     ++panelCount;
     return made;
 }

@@ -5,6 +5,7 @@
 #include "Journal.h"
 #include "Panel.h"
 
+#include <map>
 #include <optional>
 
 namespace sablequill {
@@ -92,6 +93,8 @@ public:
     /// The newest; its owner may have ended it.
     FakePanel* panel = nullptr;
     int panelCount = 0;
+    /// The newest of each role, by the same rule.
+    std::map<QString, FakePanel*> byRole;
 
 private:
     Journal& journal;

@@ -6,7 +6,6 @@
 #include "Constants.h"
 #include "Icons.h"
 #include "MainQueue.h"
-#include "MenuBarView.h"
 #include "PanelCard.h"
 #include "Platform.h"
 #include "WindowPlacement.h"
@@ -20,6 +19,9 @@ namespace {
 
 /// Seconds within which a click on the item follows the press that dismissed the popover.
 constexpr double clickTime = 0.3;
+/// Seconds in which the overlay is painted before anything else is made: the popover takes as long
+/// again.
+constexpr double headStart = 0.1;
 /// Seconds that a host of the status area takes to give the icon its place.
 constexpr double dockingTime = 0.5;
 
@@ -37,16 +39,60 @@ PanelAttributes popoverAttributes()
 
 MenuBarExtra::MenuBarExtra(AppState& appState, const Platform& platform, StatusItem& statusItem)
     : appState(appState)
+    , panels(platform.panels)
     , screens(platform.screens)
     , statusItem(statusItem)
     , mainQueue(platform.mainQueue)
+    , actions(menuActions(
+          appState, [&application = platform.application] { application.showSettingsWindow(); },
+          [&application = platform.application] { application.terminate(); }))
 {
-    Application& application = platform.application;
-    view = new MenuBarView(
-        appState, [&] { application.showSettingsWindow(); }, [&] { application.terminate(); });
+}
+
+MenuBarExtra::~MenuBarExtra() = default;
+
+void MenuBarExtra::launch()
+{
+    appState.bootstrap();
+    mainQueue.after(headStart, [self = QPointer(this)] {
+        if (self)
+            self->follow();
+    });
+}
+
+void MenuBarExtra::follow()
+{
+    addToStatusArea();
+    // Somebody may have been faster.
+    if (panel)
+        return;
+    // The popover is there at once; the icon is still on its way.
+    present({});
+    mainQueue.after(dockingTime, [self = QPointer(this)] {
+        if (!self || !self->isOpen() || self->anchor)
+            return;
+        self->anchor = self->statusItem.anchor();
+        self->place();
+    });
+}
+
+void MenuBarExtra::addToStatusArea()
+{
+    std::vector<StatusMenuEntry> menu;
+    for (const MenuAction& action : actions)
+        menu.push_back({action.title, action.run});
+    statusItem.show({.title = Constants::appName,
+        .icon = statusIcon(),
+        .onActivated = [this](const StatusItemAnchor& place) { toggle(place); },
+        .menu = std::move(menu)});
+}
+
+void MenuBarExtra::makePopover()
+{
+    view = new MenuBarView(appState, actions);
     auto content = std::make_unique<PanelCard>(view);
     card = content.get();
-    panel = platform.panels.makePanel({.contentRect = {0, 0, 280, 400},
+    panel = panels.makePanel({.contentRect = {0, 0, 280, 400},
         .styleMask = StyleMask::borderless | StyleMask::nonactivatingPanel,
         .canBecomeKey = true,
         .role = QStringLiteral("popover")});
@@ -61,32 +107,6 @@ MenuBarExtra::MenuBarExtra(AppState& appState, const Platform& platform, StatusI
     });
 }
 
-MenuBarExtra::~MenuBarExtra() = default;
-
-void MenuBarExtra::launch()
-{
-    addToStatusArea();
-    // The popover is there at once; the icon is still on its way.
-    present({});
-    mainQueue.after(dockingTime, [self = QPointer(this)] {
-        if (!self || !self->isOpen() || self->anchor)
-            return;
-        self->anchor = self->statusItem.anchor();
-        self->place();
-    });
-}
-
-void MenuBarExtra::addToStatusArea()
-{
-    std::vector<StatusMenuEntry> menu;
-    for (const MenuAction& action : view->actions)
-        menu.push_back({action.title, action.run});
-    statusItem.show({.title = Constants::appName,
-        .icon = statusIcon(),
-        .onActivated = [this](const StatusItemAnchor& place) { toggle(place); },
-        .menu = std::move(menu)});
-}
-
 void MenuBarExtra::open()
 {
     present(statusItem.anchor());
@@ -95,12 +115,13 @@ void MenuBarExtra::open()
 
 void MenuBarExtra::close()
 {
-    panel->orderOut();
+    if (panel)
+        panel->orderOut();
 }
 
 bool MenuBarExtra::isOpen() const
 {
-    return panel->isVisible();
+    return panel && panel->isVisible();
 }
 
 void MenuBarExtra::toggle(const StatusItemAnchor& place)
@@ -126,10 +147,12 @@ void MenuBarExtra::loseAttention()
 void MenuBarExtra::present(const StatusItemAnchor& next)
 {
     anchor = next;
+    appState.bootstrap();
+    if (!panel)
+        makePopover();
     view->appear();
     place();
     panel->orderFrontRegardless();
-    appState.bootstrap();
 }
 
 void MenuBarExtra::place()

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "MenuBarView.h"
 #include "Panel.h"
 #include "StatusItem.h"
 
 #include <QObject>
 
 #include <memory>
+#include <vector>
 
 namespace sablequill {
 
 class AppState;
 class MainQueue;
-class MenuBarView;
 class PanelCard;
 class Screens;
 struct Platform;
@@ -24,7 +25,8 @@ public:
     MenuBarExtra(AppState& appState, const Platform& platform, StatusItem& statusItem);
     ~MenuBarExtra() override;
 
-    /// Puts the item into the status area and shows the popover once, without taking the keyboard.
+    /// Shows the overlay, and a moment later puts the item into the status area and shows the
+    /// popover once, without taking the keyboard.
     void launch();
     /// Shows the popover with the keyboard in it.
     void open();
@@ -32,16 +34,21 @@ public:
     bool isOpen() const;
 
 private:
+    void follow();
     void addToStatusArea();
+    void makePopover();
     void toggle(const StatusItemAnchor& anchor);
     void loseAttention();
     void present(const StatusItemAnchor& anchor);
     void place();
 
     AppState& appState;
+    PanelFactory& panels;
     Screens& screens;
     StatusItem& statusItem;
     MainQueue& mainQueue;
+    const std::vector<MenuAction> actions;
+    /// The popover's; none before it is first shown.
     std::unique_ptr<Panel> panel;
     /// Owned by the panel.
     PanelCard* card = nullptr;

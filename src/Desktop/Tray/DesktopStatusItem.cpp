@@ -14,7 +14,8 @@ void DesktopStatusItem::show(StatusItemDescription description)
 {
     xembed = std::make_unique<XEmbedItem>(description.title, description.icon);
     connect(xembed.get(), &XEmbedItem::activated, this, [this] { onActivated(anchor()); });
-    if (bus)
+    // The toolkit cannot follow anybody on a bus that has ended since the start.
+    if (bus && bus->isConnected())
         showOnBus(description);
     else
         xembed->show();

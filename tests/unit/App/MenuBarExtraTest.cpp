@@ -20,7 +20,7 @@ class MenuBarExtraTest : public AppFixture {
 protected:
     MenuBarExtraTest() { journal.take(); }
 
-    PanelCard& card() { return dynamic_cast<PanelCard&>(*popover.content); }
+    PanelCard& card() { return dynamic_cast<PanelCard&>(*popover().content); }
     MenuBarView& view() { return found<MenuBarView>(card(), QStringLiteral("menuBarView")); }
 
     /// Where a popover of the content's size stands at an anchor.
@@ -31,32 +31,60 @@ protected:
             size.width(), size.height(), anchor, {screens.frame, *screens.visibleFrame});
     }
 
+    /// As long after the start as everything takes to be there.
+    void launch()
+    {
+        extra.launch();
+        clock.advance(0.1);
+    }
+    FakePanel& popover() { return *panels.byRole.at(QStringLiteral("popover")); }
+
     FakeStatusItem statusItem{journal};
     MenuBarExtra extra{appState, platform, statusItem};
-    FakePanel& popover = *panels.panel;
 };
 
-TEST_F(MenuBarExtraTest, construct_always_showsNothingYet)
+TEST_F(MenuBarExtraTest, construct_always_makesNothingYet)
 {
     EXPECT_FALSE(extra.isOpen());
-    EXPECT_EQ(panels.panelCount, 1);
-    EXPECT_TRUE(popover.description.canBecomeKey);
-    EXPECT_EQ(popover.description.styleMask, StyleMask::nonactivatingPanel);
-    EXPECT_EQ(popover.level, WindowLevel::floating);
+    EXPECT_EQ(panels.panelCount, 0);
 }
 
-TEST_F(MenuBarExtraTest, launch_always_showsThePopoverWithoutTheKeyboardAndBootstraps)
+TEST_F(MenuBarExtraTest, launch_always_showsTheOverlayFirst)
 {
     extra.launch();
-    EXPECT_TRUE(extra.isOpen());
-    EXPECT_FALSE(popover.isKey);
-    EXPECT_EQ(panels.panelCount, 2);
     EXPECT_TRUE(appState.windowManager->isOverlayVisible());
+    EXPECT_EQ(panels.panelCount, 1);
+    EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 0);
+    clock.advance(0.1);
+    EXPECT_TRUE(extra.isOpen());
+    EXPECT_EQ(panels.panelCount, 2);
+    EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 1);
+}
+
+TEST_F(MenuBarExtraTest, launch_always_showsThePopoverWithoutTheKeyboard)
+{
+    launch();
+    EXPECT_TRUE(extra.isOpen());
+    EXPECT_FALSE(popover().isKey);
+    EXPECT_TRUE(popover().description.canBecomeKey);
+    EXPECT_EQ(popover().description.styleMask, StyleMask::nonactivatingPanel);
+    EXPECT_EQ(popover().level, WindowLevel::floating);
+}
+
+TEST_F(MenuBarExtraTest, launch_openedAtOnce_isNotShownAgain)
+{
+    extra.launch();
+    extra.open();
+    extra.close();
+    clock.advance(0.1);
+    EXPECT_FALSE(extra.isOpen());
+    EXPECT_EQ(panels.panelCount, 2);
+    EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 1);
 }
 
 TEST_F(MenuBarExtraTest, launch_statusItem_hasTheTitleAndTheEntries)
 {
-    extra.launch();
+    launch();
     EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 1);
     EXPECT_FALSE(statusItem.shown.icon.isNull());
     QStringList titles;
@@ -70,7 +98,7 @@ TEST_F(MenuBarExtraTest, launch_statusItem_hasTheTitleAndTheEntries)
 
 TEST_F(MenuBarExtraTest, menuEntries_settingsAndQuit_reachTheApplication)
 {
-    extra.launch();
+    launch();
     journal.take();
     statusItem.shown.menu[3].action();
     statusItem.shown.menu[4].action();
@@ -80,28 +108,28 @@ TEST_F(MenuBarExtraTest, menuEntries_settingsAndQuit_reachTheApplication)
 
 TEST_F(MenuBarExtraTest, launch_iconDocksLate_popoverMovesToIt)
 {
-    extra.launch();
-    EXPECT_EQ(popover.frame(), placeAt({}));
+    launch();
+    EXPECT_EQ(popover().frame(), placeAt({}));
     statusItem.place = icon;
     clock.advance(0.6);
-    EXPECT_EQ(popover.frame(), placeAt(icon));
-    EXPECT_NE(popover.frame(), placeAt({}));
+    EXPECT_EQ(popover().frame(), placeAt(icon));
+    EXPECT_NE(popover().frame(), placeAt({}));
 }
 
 TEST_F(MenuBarExtraTest, launch_openedElsewhereBeforeTheIconDocks_staysThere)
 {
-    extra.launch();
+    launch();
     extra.close();
     const Rect press{200, 880, 0, 0};
     statusItem.activate(press);
     statusItem.place = icon;
     clock.advance(0.6);
-    EXPECT_EQ(popover.frame(), placeAt(press));
+    EXPECT_EQ(popover().frame(), placeAt(press));
 }
 
 TEST_F(MenuBarExtraTest, launch_closedBeforeTheIconDocks_staysClosed)
 {
-    extra.launch();
+    launch();
     extra.close();
     clock.advance(0.6);
     EXPECT_FALSE(extra.isOpen());
@@ -109,18 +137,18 @@ TEST_F(MenuBarExtraTest, launch_closedBeforeTheIconDocks_staysClosed)
 
 TEST_F(MenuBarExtraTest, activate_closed_opensAtTheAnchorWithTheKeyboard)
 {
-    extra.launch();
+    launch();
     extra.close();
     statusItem.activate(icon);
     EXPECT_TRUE(extra.isOpen());
-    EXPECT_TRUE(popover.isKey);
-    EXPECT_EQ(popover.frame(), placeAt(icon));
-    EXPECT_EQ(popover.frame().width, 280);
+    EXPECT_TRUE(popover().isKey);
+    EXPECT_EQ(popover().frame(), placeAt(icon));
+    EXPECT_EQ(popover().frame().width, 280);
 }
 
 TEST_F(MenuBarExtraTest, activate_open_closes)
 {
-    extra.launch();
+    launch();
     statusItem.activate(icon);
     EXPECT_FALSE(extra.isOpen());
     statusItem.activate(icon);
@@ -129,8 +157,8 @@ TEST_F(MenuBarExtraTest, activate_open_closes)
 
 TEST_F(MenuBarExtraTest, activate_rightAfterItsPressDismissed_staysClosed)
 {
-    extra.launch();
-    popover.loseAttention();
+    launch();
+    popover().loseAttention();
     EXPECT_FALSE(extra.isOpen());
     statusItem.activate(icon);
     EXPECT_FALSE(extra.isOpen());
@@ -141,11 +169,11 @@ TEST_F(MenuBarExtraTest, activate_rightAfterItsPressDismissed_staysClosed)
 
 TEST_F(MenuBarExtraTest, activate_rightAfterTheSecondOfTwoDismissals_staysClosed)
 {
-    extra.launch();
-    popover.loseAttention();
+    launch();
+    popover().loseAttention();
     clock.advance(0.2);
     extra.open();
-    popover.loseAttention();
+    popover().loseAttention();
     clock.advance(0.2);
     statusItem.activate(icon);
     EXPECT_FALSE(extra.isOpen());
@@ -157,17 +185,17 @@ TEST_F(MenuBarExtraTest, activate_rightAfterTheSecondOfTwoDismissals_staysClosed
 TEST_F(MenuBarExtraTest, loseAttention_open_closes)
 {
     extra.open();
-    popover.loseAttention();
+    popover().loseAttention();
     EXPECT_FALSE(extra.isOpen());
-    EXPECT_FALSE(popover.isKey);
+    EXPECT_FALSE(popover().isKey);
 }
 
 TEST_F(MenuBarExtraTest, open_always_isAtTheIconWithTheKeyboard)
 {
     statusItem.place = icon;
     extra.open();
-    EXPECT_TRUE(popover.isKey);
-    EXPECT_EQ(popover.frame(), placeAt(icon));
+    EXPECT_TRUE(popover().isKey);
+    EXPECT_EQ(popover().frame(), placeAt(icon));
     EXPECT_TRUE(appState.windowManager->isOverlayVisible());
 }
 
@@ -210,23 +238,23 @@ TEST_F(MenuBarExtraTest, notes_moreWhileOpen_popoverGrowsAtItsPlace)
 {
     statusItem.place = icon;
     extra.open();
-    const double before = popover.frame().height;
+    const double before = popover().frame().height;
     makeNotes(4);
     turn();
-    EXPECT_GT(popover.frame().height, before);
-    EXPECT_EQ(popover.frame(), placeAt(icon));
+    EXPECT_GT(popover().frame().height, before);
+    EXPECT_EQ(popover().frame(), placeAt(icon));
 }
 
 TEST_F(MenuBarExtraTest, notes_moreWhileClosed_movesNothing)
 {
-    extra.launch();
+    launch();
     extra.close();
-    const Rect before = popover.frame();
+    const Rect before = popover().frame();
     makeNotes(4);
     turn();
-    EXPECT_EQ(popover.frame(), before);
+    EXPECT_EQ(popover().frame(), before);
     extra.open();
-    EXPECT_GT(popover.frame().height, before.height);
+    EXPECT_GT(popover().frame().height, before.height);
 }
 
 TEST_F(MenuBarExtraTest, open_noScreen_stillOpens)

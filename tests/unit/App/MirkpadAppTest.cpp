@@ -45,29 +45,27 @@ protected:
     MirkpadApp app{platform, statusItem, colorScheme};
 };
 
-TEST_F(MirkpadAppTest, construct_always_onlyThePopoversPanelIsMade)
+TEST_F(MirkpadAppTest, construct_always_noWindowIsMade)
 {
-    EXPECT_EQ(panels.panelCount, 1);
-    EXPECT_FALSE(panels.panel->isVisible());
+    EXPECT_EQ(panels.panelCount, 0);
     EXPECT_TRUE(settingsWindows().isEmpty());
 }
 
 TEST_F(MirkpadAppTest, launch_firstRun_popoverOverlayAndGuideAreThere)
 {
-    FakePanel& popover = *panels.panel;
     app.launch();
-    EXPECT_TRUE(popover.isVisible());
-    EXPECT_EQ(panels.panelCount, 2);
-    EXPECT_TRUE(panels.panel->isVisible());
     turn();
+    clock.advance(0.1);
     EXPECT_EQ(panels.panelCount, 3);
-    EXPECT_TRUE(panels.panel->isVisible());
+    for (const auto* role : {"popover", "overlay", "guide"})
+        EXPECT_TRUE(panels.byRole.at(QString::fromLatin1(role))->isVisible()) << role;
 }
 
 TEST_F(MirkpadAppTest, openPopover_always_givesItTheKeyboard)
 {
-    FakePanel& popover = *panels.panel;
     app.launch();
+    clock.advance(0.1);
+    const FakePanel& popover = *panels.byRole.at(QStringLiteral("popover"));
     EXPECT_FALSE(popover.isKey);
     app.openPopover();
     EXPECT_TRUE(popover.isKey);
@@ -106,7 +104,8 @@ TEST_F(MirkpadAppTest, mirkEffect_changed_badgeAndSwitchSayIt)
 {
     app.launch();
     app.showSettingsWindow();
-    auto* overlay = dynamic_cast<OverlayView*>(panels.panel->content.get());
+    const FakePanel& panel = *panels.byRole.at(QStringLiteral("overlay"));
+    auto* overlay = dynamic_cast<OverlayView*>(panel.content.get());
     ASSERT_TRUE(overlay);
     const auto* badge = overlay->findChild<QWidget*>(QStringLiteral("mirkBadge"));
     const auto* toggle = settingsWindows().constFirst()->findChild<QWidget*>(

@@ -65,7 +65,9 @@ protected:
 
     int settingsShown = 0;
     int quits = 0;
-    MenuBarView view{appState, [this] { ++settingsShown; }, [this] { ++quits; }};
+    const std::vector<MenuAction> actions = menuActions(
+        appState, [this] { ++settingsShown; }, [this] { ++quits; });
+    MenuBarView view{appState, actions};
 };
 
 const QStringList entries{QStringLiteral("Show Overlay"), QStringLiteral("Toggle Overlay"),
@@ -376,11 +378,11 @@ TEST_F(MenuBarViewTest, entries_pressAnywhereInTheRow_counts)
 TEST_F(MenuBarViewTest, actions_forHostsWithMenus_areTheEntries)
 {
     QStringList titles;
-    for (const MenuAction& action : view.actions)
+    for (const MenuAction& action : actions)
         titles.append(action.title);
     EXPECT_EQ(titles, entries);
-    view.actions[3].run();
-    view.actions[4].run();
+    actions[3].run();
+    actions[4].run();
     EXPECT_EQ(settingsShown, 1);
     EXPECT_EQ(quits, 1);
 }
