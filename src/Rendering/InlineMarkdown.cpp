@@ -5,8 +5,8 @@
 #include "InlineTree.h"
 
 #include <QByteArray>
+#include <QStringEncoder>
 
-#include <cstdint>
 #include <string_view>
 
 namespace sablequill::InlineMarkdown {
@@ -63,25 +63,16 @@ private:
     double stepsPerByte;
 };
 
-/// Looks at every unit, which is quicker for most texts than to stop at the first.
-bool hasSurrogates(QStringView text)
-{
-    std::uint16_t found = 0;
-    for (const char16_t unit :
-        std::u16string_view(text.utf16(), static_cast<std::size_t>(text.size())))
-        found = static_cast<std::uint16_t>(found | ((unit & 0xF800) == 0xD800 ? 1 : 0));
-    return found != 0;
-}
-
 } // namespace
 
 std::optional<AttributedString> read(const QString& text)
 {
-    if (hasSurrogates(text) && !text.isValidUtf16())
-        return {};
     if (text.isEmpty())
         return AttributedString{};
-    const QByteArray utf8 = text.toUtf8();
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
+    const QByteArray utf8 = encoder(text);
+    if (encoder.hasError())
+        return {};
     return Reader(std::string_view(utf8.constData(), static_cast<std::size_t>(utf8.size()))).result;
 }
 
