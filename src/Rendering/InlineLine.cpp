@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "InlineLine.h"
 
+#include "CharacterSearch.h"
 #include "HtmlOpeners.h"
 
 #include <algorithm>
@@ -100,17 +101,16 @@ public:
 
     void encode()
     {
+        CharacterSearch specials(text, std::array{'\n', '\r', '\f', '\0', '<', ']', '&'});
         std::size_t copied = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            if (!isSpecial(text[i]))
-                continue;
+        for (std::size_t i = specials.next(0); i < text.size();) {
             const Replacement replacement = replacementAt(i);
-            if (replacement.length == 0)
-                continue;
-            line += text.substr(copied, i - copied);
-            line += replacement.bytes;
-            copied = i + replacement.length;
-            i = copied - 1;
+            if (replacement.length > 0) {
+                line += text.substr(copied, i - copied);
+                line += replacement.bytes;
+                copied = i + replacement.length;
+            }
+            i = specials.next(std::max(copied, i + 1));
         }
         line += text.substr(copied);
     }
@@ -121,17 +121,6 @@ private:
         std::size_t length = 0;
         std::string_view bytes = {};
     };
-
-    static bool isSpecial(char c)
-    {
-        static constexpr auto specials = [] {
-            std::array<bool, 256> table{};
-            for (const char special : {'\n', '\r', '\f', '\0', '<', ']', '&'})
-                table[static_cast<unsigned char>(special)] = true;
-            return table;
-        }();
-        return specials[static_cast<unsigned char>(c)];
-    }
 
     Replacement replacementAt(std::size_t i)
     {
