@@ -40,6 +40,8 @@ void NoteTextView::showNote(const AttributedString& note, double fontSize, bool 
     // The toolkit deletes the document that it made itself, and no other.
     const QPointer<QTextDocument> previous = document();
     made.document->setParent(this);
+    // A page without a size is not laid out. The view gives it its own as soon as it has it.
+    made.document->setPageSize({0, 0});
     setDocument(made.document.release());
     delete previous;
     verticalScrollBar()->setValue(position);
