@@ -42,15 +42,22 @@ bool isBlank(std::string_view line)
     return line.find_first_not_of(" \t\n\r") == std::string_view::npos;
 }
 
-/// How many characters are counted, each together with the one before it. Nothing is skipped, so
-/// that the compiler can take many at once.
-template <class Predicate> std::uint64_t count(std::string_view text, Predicate isCounted)
+std::uint64_t count(std::string_view text, std::string_view wanted)
 {
-    if (text.empty())
-        return 0;
-    std::uint32_t found = isCounted('\0', text.front()) ? 1 : 0;
-    for (std::size_t i = 1; i < text.size(); ++i)
-        found += isCounted(text[i - 1], text[i]) ? 1 : 0;
+    std::uint64_t found = 0;
+    for (std::size_t at = text.find(wanted); at != std::string_view::npos;
+         at = text.find(wanted, at + wanted.size()))
+        ++found;
+    return found;
+}
+
+/// Runs of one character.
+std::uint64_t countDelimiterRuns(std::string_view text)
+{
+    CharacterSearch delimiters(text, std::array{'*', '_', '~'});
+    std::uint64_t found = 0;
+    for (std::size_t at = delimiters.next(0); at < text.size(); at = delimiters.next(at + 1))
+        found += at == 0 || text[at - 1] != text[at] ? 1 : 0;
     return found;
 }
 
@@ -60,13 +67,9 @@ std::uint64_t quadraticCost(std::string_view text)
 {
     if (text.size() > largestText)
         return std::numeric_limits<std::uint64_t>::max();
-    const std::uint64_t delimiterRuns = count(text, [](char previous, char c) {
-        return ((c == '*') | (c == '_') | (c == '~')) & (c != previous);
-    });
-    const std::uint64_t images =
-        count(text, [](char previous, char c) { return (previous == '!') & (c == '['); });
-    const std::uint64_t links =
-        count(text, [](char previous, char c) { return (previous == ']') & (c == '('); });
+    const std::uint64_t delimiterRuns = countDelimiterRuns(text);
+    const std::uint64_t images = count(text, "![");
+    const std::uint64_t links = count(text, "](");
     return (links + delimiterRuns) * (delimiterRuns + images);
 }
 
