@@ -34,8 +34,19 @@ NoteTextView::NoteTextView()
 
 void NoteTextView::showNote(const AttributedString& note, double fontSize, bool keepsPosition)
 {
-    const int position = keepsPosition ? verticalScrollBar()->value() : 0;
-    NoteDocument made = makeNoteDocument(note, fontSize, padding);
+    const int position = std::exchange(droppedPosition, {}).value_or(verticalScrollBar()->value());
+    swapIn(makeNoteDocument(note, fontSize, padding));
+    verticalScrollBar()->setValue(keepsPosition ? position : 0);
+}
+
+void NoteTextView::dropNote()
+{
+    droppedPosition = verticalScrollBar()->value();
+    swapIn({std::make_unique<QTextDocument>(), ShownText()});
+}
+
+void NoteTextView::swapIn(NoteDocument made)
+{
     shown = std::move(made.text);
     // The toolkit deletes the document that it made itself, and no other.
     const QPointer<QTextDocument> previous = document();
@@ -44,7 +55,6 @@ void NoteTextView::showNote(const AttributedString& note, double fontSize, bool 
     made.document->setPageSize({0, 0});
     setDocument(made.document.release());
     delete previous;
-    verticalScrollBar()->setValue(position);
 }
 
 QVariant NoteTextView::loadResource(int, const QUrl&)

@@ -7,6 +7,7 @@
 #include <QTextBrowser>
 
 #include <functional>
+#include <optional>
 
 namespace sablequill {
 
@@ -22,6 +23,10 @@ public:
 
     /// Builds the whole note anew and shows it from the top, or from where it was scrolled to.
     void showNote(const AttributedString& note, double fontSize, bool keepsPosition);
+
+    /// Shows nothing until the next note, which can still be shown from where this one was scrolled
+    /// to. A long note is laid out for a while after it was shown, in steps of some 50 ms.
+    void dropNote();
 
     /// Follows a link that `mayOpen`; the desktop's handler unless set otherwise.
     std::function<void(const QUrl&)> openLink;
@@ -41,10 +46,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void swapIn(NoteDocument made);
     void follow(const QUrl& link);
     bool hasTextAt(QPoint position) const;
 
     ShownText shown;
+    std::optional<int> droppedPosition;
     FocusRing ring{this};
     bool leavesPressToWindow = false;
 };

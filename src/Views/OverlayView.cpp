@@ -97,7 +97,8 @@ void OverlayView::connectControls()
     });
     connect(footerBar, &OverlayFooter::newRequested, this, &OverlayView::startNewNote);
     connect(editor, &NoteEditor::edited, this, [this] {
-        isTextViewStale = true;
+        if (!std::exchange(isTextViewStale, true))
+            textView->dropNote();
         writeThrough();
     });
     // Whoever asks for the editor, or shows the overlay while it is in it, is going to type.

@@ -52,6 +52,19 @@ TEST_F(OverlayViewEditingTest, typing_eachKey_isWrittenThroughAtOnce)
     EXPECT_TRUE(bytesOf(home.notes()).contains("textxy"));
 }
 
+TEST_F(OverlayViewEditingTest, typing_firstKey_dropsWhatTheReadingViewLaysOut)
+{
+    setNotes({u"line\n"_s.repeated(100)});
+    textView().verticalScrollBar()->setValue(50);
+    edit();
+    EXPECT_FALSE(read().isEmpty());
+    QTest::keyClicks(&editor(), u"xy"_s);
+    EXPECT_TRUE(read().isEmpty());
+    edit(false);
+    EXPECT_TRUE(read().endsWith(u"line\nxy"_s));
+    EXPECT_EQ(textView().verticalScrollBar()->value(), 50);
+}
+
 TEST_F(OverlayViewEditingTest, typing_thenReading_showsTheNewText)
 {
     setNotes({u"text"_s});
