@@ -216,12 +216,12 @@ TEST_P(HarnessTest, switchToWorkspace_another_hidesProbeThere)
         return;
     ProbeWindow probe(session.displayName());
     probe.show();
-    session.windowManager().switchToWorkspace(x, 1);
+    session.windowManager().switchToWorkspace(1);
     // mutter keeps it mapped and only shows it no more.
     EXPECT_TRUE(waitUntil([&] {
         return !isViewable(x, probe.window()) || colorAt(x, {640, 400}) != blue;
     }));
-    session.windowManager().switchToWorkspace(x, 0);
+    session.windowManager().switchToWorkspace(0);
     EXPECT_TRUE(waitUntil([&] { return isViewable(x, probe.window()); }));
 }
 

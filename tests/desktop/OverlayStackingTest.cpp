@@ -114,14 +114,14 @@ TEST_P(OverlayStackingTest, switchWorkspace_another_isOnItAndTakesKeys)
         return; // there is only one
     startProgram();
     expectStaysAbove(probe);
-    session.windowManager().switchToWorkspace(x, 1);
+    session.windowManager().switchToWorkspace(1);
     EXPECT_TRUE(holdsFor([&] { return overlay.isShown(); }, watchTime));
     ProbeWindow other(session.displayName(), {.color = background});
     other.show();
     expectStaysAbove(other);
     pressToggle();
     EXPECT_TRUE(waitUntil([&] { return !overlay.isShown(); }));
-    session.windowManager().switchToWorkspace(x, 0);
+    session.windowManager().switchToWorkspace(0);
 }
 
 INSTANTIATE_FOR_ALL_SETUPS(OverlayStackingTest);

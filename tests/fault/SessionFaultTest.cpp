@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FaultyProgramTest.h"
 
+#include "Readiness.h"
+
 #include <sstream>
 
 namespace sablequill {
@@ -86,6 +88,7 @@ TEST_P(SessionFaultTest, windowManager_killedAndAnotherStarted_overlayAndKeysWor
         ProbeWindow active(session.displayName(), {.isFullScreen = false});
         active.show();
         manager.reset();
+        ASSERT_TRUE(waitUntilUnmanaged(x));
         expectEverythingWorks("after it was killed");
         EXPECT_EQ(overlay.card(), card);
     }

@@ -25,8 +25,8 @@ public:
     MenuBarExtra(AppState& appState, const Platform& platform, StatusItem& statusItem);
     ~MenuBarExtra() override;
 
-    /// Shows the overlay, and a moment later puts the item into the status area and shows the
-    /// popover once, without taking the keyboard.
+    /// Shows the popover once, without the keyboard. Its first appearance begins with the overlay;
+    /// its window and the item in the status area come a moment later.
     void launch();
     /// Shows the popover with the keyboard in it.
     void open();

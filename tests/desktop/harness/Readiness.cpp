@@ -75,6 +75,15 @@ bool waitUntilManaged(const XConnection& x)
     return waitUntil([&] { return x.property(x.root(), "_NET_CLIENT_LIST").empty(); }).has_value();
 }
 
+bool waitUntilUnmanaged(const XConnection& x)
+{
+    return waitUntil([&] {
+        const XOwned<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+            x.get(), xcb_get_window_attributes(x.get(), x.root()), nullptr));
+        return attributes && !(attributes->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
+    }).has_value();
+}
+
 bool waitUntilComposed(const XConnection& x)
 {
     // picom owns the selection of compositors some time before it shows anything composed.

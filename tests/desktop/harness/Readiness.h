@@ -11,6 +11,10 @@ bool isManagerAnnounced(const XConnection& x);
 /// Waits until a window manager takes windows on; false when that does not happen.
 bool waitUntilManaged(const XConnection& x);
 
+/// Waits until the server maps windows by itself; until it has noticed that a window manager was
+/// killed, it hands the requests to that one. False when that does not happen.
+bool waitUntilUnmanaged(const XConnection& x);
+
 /// Waits until a compositor blends windows; false when that does not happen.
 bool waitUntilComposed(const XConnection& x);
 

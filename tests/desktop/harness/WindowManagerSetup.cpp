@@ -113,8 +113,8 @@ RunningWindowManager::RunningWindowManager(
     : setup(managerSetup)
     , home(sessionHome)
     , environment(session)
+    , x(environment.at("DISPLAY"))
 {
-    const XConnection x(environment.at("DISPLAY"));
     writeTilingConfiguration(home);
     writeOpenboxConfiguration(home);
     if (setup == WindowManagerSetup::xfwm4)
@@ -161,7 +161,7 @@ bool RunningWindowManager::isRunning() const
         [](const auto& process) { return process->isRunning(); });
 }
 
-void RunningWindowManager::switchToWorkspace(const XConnection& x, unsigned workspace) const
+void RunningWindowManager::switchToWorkspace(unsigned workspace) const
 {
     if (setup == WindowManagerSetup::i3) {
         // i3 makes a workspace when it is asked for by name, and counts only those that are in use.

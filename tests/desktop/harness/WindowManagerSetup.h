@@ -50,7 +50,7 @@ public:
 
     bool isRunning() const;
     /// Shows another workspace, counted from 0. Throws std::runtime_error when it does not come.
-    void switchToWorkspace(const XConnection& x, unsigned workspace) const;
+    void switchToWorkspace(unsigned workspace) const;
 
 private:
     void start(const std::vector<std::string>& command);
@@ -59,6 +59,9 @@ private:
     WindowManagerSetup setup;
     const PrivateHome& home;
     Environment environment;
+    /// Kept: the server would give the numbers of a window on trial to the windows of the next
+    /// client, while a manager may still have requests for that one before it.
+    const XConnection x;
     std::vector<std::unique_ptr<ChildProcess>> processes;
 };
 
