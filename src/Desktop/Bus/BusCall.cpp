@@ -3,6 +3,7 @@
 
 #include <QDBusPendingCallWatcher>
 
+#include <limits>
 #include <utility>
 
 namespace sablequill::BusCall {
@@ -23,9 +24,11 @@ QDBusMessage toBus(const QString& method, const QVariantList& arguments)
 }
 
 void send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
-    std::function<void(const QDBusMessage& answer)> answered)
+    std::function<void(const QDBusMessage& answer)> answered, Patience patience)
 {
-    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call), context);
+    // As the bus library has them: what it holds for reasonable, and infinity.
+    const int timeout = patience == Patience::usual ? -1 : std::numeric_limits<int>::max();
+    auto* pending = new QDBusPendingCallWatcher(bus.asyncCall(call, timeout), context);
     QObject::connect(pending, &QDBusPendingCallWatcher::finished, context,
         [pending, answered = std::move(answered)] {
             pending->deleteLater();

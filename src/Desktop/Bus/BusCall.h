@@ -17,9 +17,12 @@ QDBusMessage to(const QString& service, const QString& path, const QString& inte
 /// A call to the bus itself.
 QDBusMessage toBus(const QString& method, const QVariantList& arguments);
 
+/// How long an answer is waited for.
+enum class Patience { usual, endless };
+
 /// Sends the call; `answered` gets the answer or the error, unless `context` has gone by then.
 void send(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
-    std::function<void(const QDBusMessage& answer)> answered);
+    std::function<void(const QDBusMessage& answer)> answered, Patience patience = Patience::usual);
 
 /// Whether that is an answer, not an error.
 bool isAnswer(const QDBusMessage& message);

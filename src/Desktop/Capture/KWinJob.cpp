@@ -83,8 +83,14 @@ void KWinJob::loaded(std::optional<int> number)
         fail();
         return;
     }
-    kwin.run(*number);
-    confirmation.start();
+    kwin.run(*number, [this] { awaitReport(); });
+}
+
+void KWinJob::awaitReport()
+{
+    // The report may have come first.
+    if (!files.empty())
+        confirmation.start();
 }
 
 void KWinJob::attemptAgain()

@@ -35,7 +35,7 @@ public:
         failed,
     };
 
-    /// Waits that long for a script's confirmation, a few times over.
+    /// Waits that long for a script's confirmation once KWin says that it ran, a few times over.
     KWinJob(const QDBusConnection& bus, bool isWanted, std::chrono::milliseconds confirmationTime);
     /// Takes the script away. What it said of the windows stays.
     ~KWinJob() override;
@@ -51,6 +51,7 @@ public Q_SLOTS:
 
 private:
     void loaded(std::optional<int> number);
+    void awaitReport();
     void attemptAgain();
     void fail();
     bool writeScript(const QString& name);

@@ -27,18 +27,21 @@ void KWinScripting::load(
 {
     const QDBusMessage call =
         BusCall::to(service, path, interface, QStringLiteral("loadScript"), {file, name});
-    BusCall::send(bus, call, this, [loaded = std::move(loaded)](const QDBusMessage& answer) {
+    const auto take = [loaded = std::move(loaded)](const QDBusMessage& answer) {
         const QDBusReply<int> reply = answer;
         // A negative number stands for a name that is taken.
         const bool isLoaded = reply.isValid() && reply.value() >= 0;
         loaded(isLoaded ? std::optional(reply.value()) : std::nullopt);
-    });
+    };
+    BusCall::send(bus, call, this, take, BusCall::Patience::endless);
 }
 
-void KWinScripting::run(int number)
+void KWinScripting::run(int number, std::function<void()> answered)
 {
     const QString script = path + QStringLiteral("/Script%1").arg(number);
-    bus.send(BusCall::to(service, script, scriptInterface, QStringLiteral("run")));
+    const auto take = [answered = std::move(answered)](const QDBusMessage&) { answered(); };
+    BusCall::send(bus, BusCall::to(service, script, scriptInterface, QStringLiteral("run")), this,
+        take, BusCall::Patience::endless);
 }
 
 void KWinScripting::unload(const QString& name)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "KWinShield.h"
 
+#include <utility>
+
 namespace sablequill {
 namespace {
 
@@ -16,10 +18,7 @@ KWinShield::KWinShield(const QDBusConnection& bus, const Times& times)
 {
     patience.setSingleShot(true);
     patience.setInterval(times.patience);
-    connect(&patience, &QTimer::timeout, this, [this] {
-        setEffect(MirkEffect::none);
-        Q_EMIT waitingChanged();
-    });
+    connect(&patience, &QTimer::timeout, this, [this] { settle(MirkEffect::none); });
     retry.setSingleShot(true);
     connect(&retry, &QTimer::timeout, this, &KWinShield::begin);
     connect(&kwin, &BusName::ownerChanged, this, &KWinShield::ownerChanged);
@@ -31,15 +30,19 @@ void KWinShield::setWanted(bool isWanted)
         return;
     wanted = isWanted;
     failures = 0;
-    if (kwin.isOwned())
+    if (kwin.isOwned()) {
         begin();
-    else if (isWanted)
+    } else if (isWanted) {
         startWaiting();
+        patience.start();
+    } else {
+        stopWaiting();
+    }
 }
 
 bool KWinShield::mustWait(WId) const
 {
-    return patience.isActive();
+    return isWaiting;
 }
 
 void KWinShield::ownerChanged()
@@ -53,6 +56,7 @@ void KWinShield::ownerChanged()
 void KWinShield::begin()
 {
     retry.stop();
+    patience.stop();
     if (!kwin.isOwned()) {
         settle(MirkEffect::none);
         return;
@@ -103,17 +107,15 @@ void KWinShield::settle(MirkEffect next)
 
 void KWinShield::startWaiting()
 {
-    if (!patience.isActive())
-        patience.start();
-    Q_EMIT waitingChanged();
+    if (!std::exchange(isWaiting, true))
+        Q_EMIT waitingChanged();
 }
 
 void KWinShield::stopWaiting()
 {
-    if (!patience.isActive())
-        return;
     patience.stop();
-    Q_EMIT waitingChanged();
+    if (std::exchange(isWaiting, false))
+        Q_EMIT waitingChanged();
 }
 
 } // namespace sablequill

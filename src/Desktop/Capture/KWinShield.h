@@ -14,9 +14,10 @@ class KWinShield final : public CaptureShield {
 
 public:
     struct Times {
-        /// How long a window waits to be hidden.
+        /// How long a window waits for a KWin that is not on the bus. One that is there is waited
+        /// for until it has answered or failed.
         std::chrono::milliseconds patience{1000};
-        /// How long a script may take to answer.
+        /// How long a script may take to answer once KWin says that it ran.
         std::chrono::milliseconds confirmation{3000};
         /// After a failure; twice as long after each further one.
         std::chrono::milliseconds retry{2000};
@@ -44,6 +45,7 @@ private:
     BusName kwin;
     QTimer patience;
     QTimer retry;
+    bool isWaiting = false;
     int failures = 0;
     std::optional<bool> wanted;
     /// The KWin that is there cannot hide windows.

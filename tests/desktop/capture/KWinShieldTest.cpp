@@ -177,15 +177,39 @@ TEST_F(KWinShieldTest, mustWait_whileItBegins_untilTheWindowsAreHidden)
     EXPECT_FALSE(waited.back());
 }
 
-TEST_F(KWinShieldTest, mustWait_kwinKeepsSilent_onlySoLong)
+TEST_F(KWinShieldTest, mustWait_noKWin_onlySoLong)
 {
-    const auto kwin = startKWin();
-    kwin->manner = KWinStub::Manner::keepsSilent;
     KWinShield impatient(program.get(), {.patience = Milliseconds(30)});
     impatient.setWanted(true);
     EXPECT_TRUE(impatient.mustWait(0));
     EXPECT_TRUE(runUntil([&] { return !impatient.mustWait(0); }));
     EXPECT_EQ(impatient.effect.get(), MirkEffect::none);
+}
+
+TEST_F(KWinShieldTest, mustWait_kwinAnswersLongAfterAnyPatience_waitsForThat)
+{
+    const auto kwin = startKWin();
+    kwin->isFrozen = true;
+    KWinShield impatient(
+        program.get(), {.patience = Milliseconds(30), .confirmation = Milliseconds(30)});
+    impatient.setWanted(true);
+    ASSERT_TRUE(runUntil([&] { return kwin->calls.contains(u"loadScript"_s); }));
+    EXPECT_TRUE(runWhile([&] { return impatient.mustWait(0); }, moment));
+    kwin->unfreeze();
+    EXPECT_TRUE(runUntil([&] { return !impatient.mustWait(0); }));
+    EXPECT_EQ(impatient.effect.get(), MirkEffect::hidden);
+    EXPECT_TRUE(kwin->windows()[1]->isHidden());
+}
+
+TEST_F(KWinShieldTest, mustWait_noScriptEverReports_untilAllAttemptsFailed)
+{
+    const auto kwin = startKWin();
+    kwin->manner = KWinStub::Manner::runsNothing;
+    KWinShield impatient(program.get(), {.confirmation = Milliseconds(20)});
+    impatient.setWanted(true);
+    EXPECT_TRUE(runUntil([&] { return !impatient.mustWait(0); }));
+    EXPECT_EQ(impatient.effect.get(), MirkEffect::none);
+    EXPECT_GE(kwin->calls.count(u"loadScript"_s), 4);
 }
 
 TEST_F(KWinShieldTest, setWanted_kwinHasNoSuchProperty_saysSoOnceAndLeaves)

@@ -117,29 +117,45 @@ void KWinStub::loadForeignScript(const QString& name)
 bool KWinStub::handleMessage(const QDBusMessage& message, const QDBusConnection& connection)
 {
     calls.append(message.member());
+    if (isFrozen)
+        held.emplace_back(message, connection);
+    else
+        answer(message, connection);
+    return true;
+}
+
+void KWinStub::unfreeze()
+{
+    isFrozen = false;
+    for (const auto& [message, connection] : std::exchange(held, {}))
+        answer(message, connection);
+}
+
+void KWinStub::answer(const QDBusMessage& message, const QDBusConnection& connection)
+{
     const QString name = message.arguments().value(1, message.arguments().value(0)).toString();
-    QVariant answer;
+    QVariant result;
     if (message.member() == u"loadScript") {
         if (manner == Manner::keepsSilent)
-            return true;
+            return;
         if (manner == Manner::refuses || message.signature() != u"ss") {
             connection.send(message.createErrorReply(QDBusError::AccessDenied, {}));
-            return true;
+            return;
         }
-        answer = load(message.arguments().constFirst().toString(), name);
+        result = load(message.arguments().constFirst().toString(), name);
     } else if (message.member() == u"unloadScript") {
-        answer = loadedScripts().contains(name);
+        result = loadedScripts().contains(name);
         // The script itself may be calling.
         QMetaObject::invokeMethod(
             this, [this, name] { unloadScript(name); }, Qt::QueuedConnection);
     } else if (StubScript* script = scriptAt(message.path())) {
-        script->run();
+        if (manner != Manner::runsNothing)
+            script->run();
     } else {
         connection.send(message.createErrorReply(QDBusError::UnknownObject, {}));
-        return true;
+        return;
     }
-    connection.send(answer.isValid() ? message.createReply(answer) : message.createReply());
-    return true;
+    connection.send(result.isValid() ? message.createReply(result) : message.createReply());
 }
 
 int KWinStub::load(const QString& file, const QString& name)

@@ -10,6 +10,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace sablequill {
@@ -108,8 +109,11 @@ public:
     void unloadScript(const QString& name);
 
     /// How the next calls to load a script are answered.
-    enum class Manner { normal, refuses, keepsSilent };
+    enum class Manner { normal, refuses, keepsSilent, runsNothing };
     Manner manner = Manner::normal;
+    /// Does nothing that it is called for until unfreeze().
+    bool isFrozen = false;
+    void unfreeze();
 
     /// The calls that came, by member.
     QStringList calls;
@@ -119,6 +123,7 @@ public:
 private:
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
+    void answer(const QDBusMessage& message, const QDBusConnection& connection);
     int load(const QString& file, const QString& name);
     StubScript* scriptAt(const QString& path) const;
 
@@ -128,6 +133,7 @@ private:
     std::vector<std::unique_ptr<StubScript>> scripts;
     /// Which script answers at the path of a number.
     std::map<int, StubScript*> paths;
+    std::vector<std::pair<QDBusMessage, QDBusConnection>> held;
 };
 
 } // namespace sablequill
