@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace sablequill {
 namespace {
@@ -29,11 +30,8 @@ QSet<WId> shownWindows()
 
 HyprlandShield::HyprlandShield(const QString& socketPath, const Times& times)
     : times(times)
-    , socket(socketPath, times.answer)
+    , socket(socketPath)
 {
-    patience.setSingleShot(true);
-    patience.setInterval(times.patience);
-    connect(&patience, &QTimer::timeout, this, &HyprlandShield::losePatience);
     retry.setSingleShot(true);
     connect(&retry, &QTimer::timeout, this, &HyprlandShield::sweep);
     qGuiApp->installEventFilter(this);
@@ -60,8 +58,8 @@ void HyprlandShield::setWanted(bool isWanted)
     isRefused = false;
     hidden.clear();
     givenUp.clear();
-    names.clear();
-    concluded = 0;
+    known.clear();
+    arriving = shownWindows();
     // Its requests may have done their work already: the windows stay among those that may be
     // hidden.
     running.reset();
@@ -69,6 +67,7 @@ void HyprlandShield::setWanted(bool isWanted)
         settle(effect);
     else
         begin();
+    Q_EMIT waitingChanged();
 }
 
 bool HyprlandShield::mustWait(WId window) const
@@ -78,22 +77,32 @@ bool HyprlandShield::mustWait(WId window) const
 
 bool HyprlandShield::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::Show && event->type() != QEvent::PlatformSurface)
+    auto* window = qobject_cast<QWindow*>(watched);
+    if (!window || !window->handle() || !window->isTopLevel())
         return CaptureShield::eventFilter(watched, event);
-    if (auto* window = qobject_cast<QWindow*>(watched); window && window->handle()) {
-        if (event->type() == QEvent::Show && window->isTopLevel())
-            windowShown(window->winId());
-        else if (event->type() == QEvent::PlatformSurface
-            && static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType()
-                == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
-            forget(window->winId());
-    }
+    if (event->type() == QEvent::Show)
+        windowShown(window->winId());
+    else if (event->type() == QEvent::Hide)
+        windowHidden();
+    else if (event->type() == QEvent::PlatformSurface
+        && static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType()
+            == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed)
+        forget(window->winId());
     return CaptureShield::eventFilter(watched, event);
 }
 
 void HyprlandShield::windowShown(WId window)
 {
-    if (wanted ? !isRefused : touched.contains(window))
+    if (wanted ? isRefused : !touched.contains(window))
+        return;
+    arriving.insert(window);
+    begin();
+}
+
+void HyprlandShield::windowHidden()
+{
+    // Its name may soon be another window's, and is not to be known until then.
+    if (wanted && !isRefused)
         begin();
 }
 
@@ -115,9 +124,9 @@ bool HyprlandShield::isSettled() const
 void HyprlandShield::begin()
 {
     nextRetry = times.retry;
-    if (wanted && !isSettled() && !patience.isActive()) {
+    if (wanted && !isSettled() && !std::exchange(isWaiting, true)) {
         last = HyprlandSweep::Outcome::missing;
-        patience.start();
+        waited = {};
     }
     // In the next turn: a window that is being shown is not yet on the screen.
     if (!running)
@@ -127,7 +136,7 @@ void HyprlandShield::begin()
 void HyprlandShield::sweep()
 {
     const QSet<WId> shown = shownWindows();
-    if (isRefused || shown.isEmpty() || (!wanted && isSettled()))
+    if (isRefused || (shown.isEmpty() && known.isEmpty()) || (!wanted && isSettled()))
         return;
     if (wanted)
         touched.unite(shown);
@@ -142,6 +151,8 @@ void HyprlandShield::take(HyprlandSweep::Outcome outcome)
     last = outcome;
     form = running->form();
     const std::vector<QByteArray> windows = running->doneWindows();
+    if (outcome != Outcome::silent)
+        known.intersect(QSet(windows.begin(), windows.end()));
     // It is still speaking.
     running.release()->deleteLater();
     if (outcome == Outcome::refused && wanted) {
@@ -161,13 +172,12 @@ void HyprlandShield::take(HyprlandSweep::Outcome outcome)
 
 bool HyprlandShield::takeHidden(const std::vector<QByteArray>& windows)
 {
-    for (const QByteArray& window : windows)
-        names.insert(window);
-    const QSet<WId> fresh = shownWindows().subtract(hidden);
-    if (names.size() < concluded + fresh.size())
+    const QSet listed(windows.begin(), windows.end());
+    if (listed.size() - known.size() < arriving.size())
         return false;
-    hidden.unite(fresh);
-    concluded += fresh.size();
+    hidden.unite(shownWindows());
+    known = listed;
+    arriving.clear();
     return true;
 }
 
@@ -182,7 +192,7 @@ bool HyprlandShield::takeUncovered(const std::vector<QByteArray>& windows)
 
 void HyprlandShield::settle(MirkEffect next)
 {
-    patience.stop();
+    isWaiting = false;
     retry.stop();
     setEffect(next);
     Q_EMIT waitingChanged();
@@ -190,15 +200,22 @@ void HyprlandShield::settle(MirkEffect next)
 
 void HyprlandShield::retryLater()
 {
+    if (isWaiting && waited + nextRetry > times.patience)
+        losePatience();
     if (nextRetry > longestRetry)
         return;
     retry.start(nextRetry);
+    waited += nextRetry;
     nextRetry *= 2;
 }
 
 void HyprlandShield::losePatience()
 {
-    givenUp.unite(shownWindows());
+    isWaiting = false;
+    const QSet<WId> shown = shownWindows();
+    givenUp.unite(shown);
+    // What went before the compositor had it never comes.
+    arriving.intersect(shown);
     // Of all windows that the compositor lists it has said that they are hidden.
     const bool isLikely = last == HyprlandSweep::Outcome::done;
     setEffect(isLikely ? MirkEffect::blackBox : MirkEffect::none);

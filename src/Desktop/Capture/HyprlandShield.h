@@ -16,11 +16,9 @@ class HyprlandShield final : public CaptureShield {
 
 public:
     struct Times {
-        /// How long a window waits to be hidden.
+        /// How long a window waits to be hidden, not counting the time that the compositor takes
+        /// to answer: while it does not, it draws nothing either.
         std::chrono::milliseconds patience{1000};
-        /// How long one request may take: a compositor that draws slowly answers between two
-        /// frames, long after anybody's patience.
-        std::chrono::milliseconds answer{10000};
         /// Until the compositor is asked again; twice as long each further time.
         std::chrono::milliseconds retry{25};
         /// As long as that time is not more than this, it is also asked where all seems to be done.
@@ -45,6 +43,7 @@ protected:
 
 private:
     void windowShown(WId window);
+    void windowHidden();
     void forget(WId window);
     /// Of the windows that are on the screen, those that are not as they should be.
     bool isSettled() const;
@@ -62,9 +61,10 @@ private:
     bool wanted = false;
     int form = 0;
     std::unique_ptr<HyprlandSweep> running;
-    QTimer patience;
     QTimer retry;
     std::chrono::milliseconds nextRetry{0};
+    bool isWaiting = false;
+    std::chrono::milliseconds waited{0};
     /// The compositor knows none of our requests: it is not asked again.
     bool isRefused = false;
     HyprlandSweep::Outcome last = HyprlandSweep::Outcome::missing;
@@ -72,10 +72,11 @@ private:
     QSet<WId> hidden;
     QSet<WId> touched;
     QSet<WId> givenUp;
-    /// The compositor's names of the windows that it hides, and how many of ours were concluded
-    /// from them to be hidden. A name does not tell which window it is.
-    QSet<QByteArray> names;
-    qsizetype concluded = 0;
+    /// The compositor's names of the windows that it had when all was last as it should be, and the
+    /// windows shown since. A name does not tell which window it is, but those shown since have
+    /// other names.
+    QSet<QByteArray> known;
+    QSet<WId> arriving;
 };
 
 } // namespace sablequill

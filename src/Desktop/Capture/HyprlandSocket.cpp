@@ -35,7 +35,7 @@ bool isTooEarly()
 /// toolkit's network library would have every start load what it needs for the Internet.
 class Request final : public QObject {
 public:
-    Request(QObject* parent, const QByteArray& text, std::chrono::milliseconds timeout,
+    Request(QObject* parent, const QByteArray& text,
         std::function<void(HyprlandSocket::Answer)> answered)
         : QObject(parent)
         , unsent(text)
@@ -43,9 +43,6 @@ public:
     {
         connect(&writable, &QSocketNotifier::activated, this, [this] { send(); });
         connect(&readable, &QSocketNotifier::activated, this, [this] { read(); });
-        deadline.setSingleShot(true);
-        connect(&deadline, &QTimer::timeout, this, [this] { finish(); });
-        deadline.start(timeout);
         readable.setSocket(socket.get());
         writable.setSocket(socket.get());
     }
@@ -126,7 +123,6 @@ private:
     const std::function<void(HyprlandSocket::Answer)> answered;
     QByteArray answer;
     bool isFinished = false;
-    QTimer deadline;
     const FileDescriptor socket{::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)};
     QSocketNotifier readable{QSocketNotifier::Read};
     QSocketNotifier writable{QSocketNotifier::Write};
@@ -134,16 +130,15 @@ private:
 
 } // namespace
 
-HyprlandSocket::HyprlandSocket(const QString& path, std::chrono::milliseconds timeout)
+HyprlandSocket::HyprlandSocket(const QString& path)
     : path(path)
-    , timeout(timeout)
 {
 }
 
 void HyprlandSocket::ask(
     const QByteArray& text, const QObject* asker, std::function<void(Answer)> answered)
 {
-    auto* request = new Request(this, text, timeout,
+    auto* request = new Request(this, text,
         [asker = QPointer(asker), answered = std::move(answered)](const Answer& answer) {
             if (asker)
                 answered(answer);

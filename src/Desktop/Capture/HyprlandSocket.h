@@ -5,7 +5,6 @@
 #include <QObject>
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -19,16 +18,15 @@ class HyprlandSocket : public QObject {
 public:
     using Answer = std::optional<QByteArray>;
 
-    /// No answer is waited for longer than that.
-    HyprlandSocket(const QString& path, std::chrono::milliseconds timeout);
+    explicit HyprlandSocket(const QString& path);
 
-    /// Returns at once. Calls back with the answer, or with nothing when there is none in time;
-    /// never after this object or `asker` is gone.
+    /// Returns at once. Calls back with the answer, or with nothing when the connection fails or
+    /// ends without one; never after this object or `asker` is gone. A compositor that is busy, or
+    /// draws slowly, is waited for as long as it takes.
     void ask(const QByteArray& request, const QObject* asker, std::function<void(Answer)> answered);
 
 private:
     const QString path;
-    const std::chrono::milliseconds timeout;
 };
 
 } // namespace sablequill

@@ -20,7 +20,7 @@ public:
         missing,
         /// It has, and does not do it.
         refused,
-        /// It does not answer.
+        /// It cannot be asked.
         silent,
     };
 

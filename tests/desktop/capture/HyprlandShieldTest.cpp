@@ -23,18 +23,12 @@ const QByteArray strange = "0x5c3";
 
 class HyprlandShieldTest : public testing::Test {
 protected:
-    static constexpr HyprlandShield::Times patient{.patience = Milliseconds(8000),
-        .answer = Milliseconds(8000),
-        .retry = Milliseconds(5),
-        .check = Milliseconds(0)};
-    static constexpr HyprlandShield::Times impatient{.patience = Milliseconds(40),
-        .answer = Milliseconds(500),
-        .retry = Milliseconds(5),
-        .check = Milliseconds(0)};
-    static constexpr HyprlandShield::Times checking{.patience = Milliseconds(8000),
-        .answer = Milliseconds(8000),
-        .retry = Milliseconds(5),
-        .check = Milliseconds(8000)};
+    static constexpr HyprlandShield::Times patient{
+        .patience = Milliseconds(8000), .retry = Milliseconds(5), .check = Milliseconds(0)};
+    static constexpr HyprlandShield::Times impatient{
+        .patience = Milliseconds(40), .retry = Milliseconds(5), .check = Milliseconds(0)};
+    static constexpr HyprlandShield::Times checking{
+        .patience = Milliseconds(8000), .retry = Milliseconds(5), .check = Milliseconds(8000)};
 
     HyprlandShieldTest() { hyprland.windows = {{strange, ownPid() + 1}}; }
 
@@ -340,6 +334,70 @@ INSTANTIATE_TEST_SUITE_P(Each, HyprlandFailureTest,
     testing::Values(Failing{"noAnswer", QByteArray()}, Failing{"garbage", "\x01\xff{[\"address\":"},
         Failing{"otherJson", R"([1, {"pid": "x"}, {"address": 7}])"}),
     [](const auto& info) { return info.param.name; });
+
+TEST_F(HyprlandShieldTest, windowShown_compositorAnswersLongAfterAnyPatience_waitsForThat)
+{
+    hyprland.isFrozen = true;
+    HyprlandShield shield(path, impatient);
+    shield.setWanted(true);
+    show(panel, first);
+    ASSERT_TRUE(runUntil([&] { return !hyprland.requests.empty(); }));
+    EXPECT_TRUE(
+        runWhile([&] { return shield.mustWait(panel.winId()); }, impatient.patience + moment));
+    EXPECT_EQ(shield.effect.get(), MirkEffect::unknown);
+    hyprland.unfreeze();
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
+    EXPECT_EQ(hyprland.hidden, QSet({first}));
+    EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
+}
+
+TEST_F(HyprlandShieldTest, setWanted_offWhileTheCompositorIsFrozen_windowIsReleasedAtOnce)
+{
+    hyprland.isFrozen = true;
+    HyprlandShield shield(path, patient);
+    shield.setWanted(true);
+    show(panel, first);
+    ASSERT_TRUE(runUntil([&] { return !hyprland.requests.empty(); }));
+    int announced = 0;
+    QObject::connect(&shield, &CaptureShield::waitingChanged, &shield, [&] { ++announced; });
+    shield.setWanted(false);
+    EXPECT_FALSE(shield.mustWait(panel.winId()));
+    EXPECT_GE(announced, 1);
+    hyprland.unfreeze();
+    EXPECT_TRUE(becomesHidden({}));
+}
+
+TEST_F(HyprlandShieldTest, windowShown_addressOfOneThatEnded_doesNotWaitInVain)
+{
+    HyprlandShield shield(path, patient);
+    show(panel, first);
+    show(popover, second);
+    shield.setWanted(true);
+    ASSERT_TRUE(becomes(shield, MirkEffect::blackBox));
+    hyprland.requests.clear();
+    hyprland.windows.pop_back();
+    hyprland.hidden.remove(second);
+    popover.destroy();
+    ASSERT_TRUE(runUntil([&] { return hyprland.requests.contains("j/clients"); }));
+    QWindow menu;
+    show(menu, second);
+    EXPECT_TRUE(isReleased(shield, menu.winId()));
+    EXPECT_EQ(hyprland.hidden, QSet({first, second}));
+}
+
+TEST_F(HyprlandShieldTest, windowShown_oneThatCameAndWentIsListed_isNotTakenForIt)
+{
+    HyprlandShield shield(path, patient);
+    shield.setWanted(true);
+    show(popover, second);
+    popover.destroy();
+    panel.show();
+    ASSERT_TRUE(asksAgain());
+    EXPECT_TRUE(shield.mustWait(panel.winId()));
+    list(first);
+    EXPECT_TRUE(isReleased(shield, panel.winId()));
+    EXPECT_EQ(hyprland.hidden, QSet({first, second}));
+}
 
 TEST_F(HyprlandShieldTest, setWanted_socketVanished_windowIsNotHeldBack)
 {

@@ -3,7 +3,6 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocalSocket>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -40,12 +39,26 @@ void HyprlandStub::serve()
     connect(connection, &QLocalSocket::readyRead, this, [this, connection] {
         const QByteArray request = connection->readAll();
         requests.append(request);
-        if (instead && instead->isEmpty())
-            return;
-        connection->write(instead ? *instead : answerTo(request));
-        connection->disconnectFromServer();
+        if (isFrozen)
+            waiting.emplace_back(connection, request);
+        else
+            answer(*connection, request);
     });
     connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
+}
+
+void HyprlandStub::unfreeze()
+{
+    isFrozen = false;
+    for (const auto& [connection, request] : std::exchange(waiting, {}))
+        if (connection)
+            answer(*connection, request);
+}
+
+void HyprlandStub::answer(QLocalSocket& connection, const QByteArray& request)
+{
+    connection.write(instead ? *instead : answerTo(request));
+    connection.disconnectFromServer();
 }
 
 QByteArray HyprlandStub::answerTo(const QByteArray& request)

@@ -4,10 +4,14 @@
 #include <QByteArrayList>
 #include <QJsonArray>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QMap>
+#include <QPointer>
 
 #include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace sablequill {
 
@@ -35,8 +39,11 @@ public:
     QByteArray going;
     /// Whether it does what it says it did.
     bool obeys = true;
-    /// Instead of an answer: these bytes, or for ever nothing when they are empty.
+    /// Instead of an answer: these bytes, or only the end of the connection when they are empty.
     std::optional<QByteArray> instead;
+    /// Answers nothing until unfreeze().
+    bool isFrozen = false;
+    void unfreeze();
 
     /// Those that captures do not show.
     QSet<QByteArray> hidden;
@@ -44,12 +51,14 @@ public:
 
 private:
     void serve();
+    void answer(QLocalSocket& connection, const QByteArray& request);
     QByteArray answerTo(const QByteArray& request);
     QByteArray list();
     QByteArray set(const QByteArray& selector, bool isHidden);
     QByteArray addressOf(const QByteArray& selector) const;
 
     QLocalServer server;
+    std::vector<std::pair<QPointer<QLocalSocket>, QByteArray>> waiting;
 };
 
 } // namespace sablequill
