@@ -12,6 +12,7 @@
 #include "QtScreens.h"
 #include "Session.h"
 #include "SessionBus.h"
+#include "Veils.h"
 #include "X11Panel.h"
 #include "XServer.h"
 
@@ -37,6 +38,7 @@ private:
     const bool isWayland = isWaylandSession(server);
     const std::unique_ptr<CaptureShield> shield =
         CaptureShield::forSession(isWayland, sessionBus());
+    const Veils veils{*shield};
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;
     X11PanelFactory panels{server, *shield, isWayland};

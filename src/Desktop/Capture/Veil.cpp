@@ -37,7 +37,8 @@ void Veil::paintEvent(QPaintEvent*)
     // heeds a window's opacity.
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(rect(), Qt::transparent);
+    const bool isClear = window.testAttribute(Qt::WA_TranslucentBackground);
+    painter.fillRect(rect(), isClear ? QColor(Qt::transparent) : window.palette().window().color());
 }
 
 void Veil::follow()

@@ -7,14 +7,14 @@ namespace sablequill {
 
 class CaptureShield;
 
-/// Makes a translucent window show nothing from the moment that it is shown until the compositor
-/// hides it from captures, or is not waited for any longer. Never comes over a window that is
-/// already seen.
+/// Makes a window show nothing from the moment that it is shown until the compositor hides it from
+/// captures, or is not waited for any longer: a translucent one is clear, another one blank. Never
+/// comes over a window that is already seen.
 class Veil final : public QWidget {
     Q_OBJECT
 
 public:
-    /// A child of the window. The shield outlives it.
+    /// A child of the window, which is being shown or not yet shown. The shield outlives it.
     Veil(QWidget& window, const CaptureShield& shield);
 
 protected:

@@ -6,7 +6,6 @@
 #include "ManagedKeeper.h"
 #include "ScreenSpace.h"
 #include "UnmanagedKeeper.h"
-#include "Veil.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -34,7 +33,6 @@ X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
     window.setComposited(keeper->isAlwaysComposited() || compositor.isComposited());
     window.setCard(ScreenSpace::toToolkit(description.contentRect));
     knownFrame = frame();
-    new Veil(window, shield);
     connectWindow();
 }
 

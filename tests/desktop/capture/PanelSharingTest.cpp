@@ -2,6 +2,7 @@
 #include "CaptureShield.h"
 #include "Journal.h"
 #include "Veil.h"
+#include "Veils.h"
 #include "X11Panel.h"
 
 #include <QApplication>
@@ -33,6 +34,7 @@ protected:
 
     XServer server;
     SlowShield shield;
+    const Veils veils{shield};
     X11PanelFactory panels{server, shield, false};
     std::unique_ptr<Panel> panel = panels.makePanel({.contentRect = {100, 100, 200, 100}});
 };
@@ -61,8 +63,22 @@ TEST_F(PanelSharingTest, orderFront_mustWait_isVeiledAndVisibleToTheProgram)
 TEST_F(PanelSharingTest, orderFront_nothingToWaitFor_isNotVeiled)
 {
     panel->orderFrontRegardless();
-    ASSERT_TRUE(veil());
-    EXPECT_FALSE(veil()->isVisible());
+    EXPECT_FALSE(veil());
+}
+
+TEST_F(PanelSharingTest, show_eachOtherKindOfWindow_isVeiledUntilItNeedNotBe)
+{
+    for (const Qt::WindowType type : {Qt::Window, Qt::Dialog, Qt::Popup, Qt::Tool, Qt::ToolTip}) {
+        shield.isWaiting = true;
+        QWidget window(nullptr, type);
+        window.show();
+        const auto* veil = window.findChild<Veil*>();
+        ASSERT_TRUE(veil) << type;
+        EXPECT_TRUE(veil->isVisible()) << type;
+        shield.isWaiting = false;
+        Q_EMIT shield.waitingChanged();
+        EXPECT_FALSE(veil->isVisible()) << type;
+    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "Veil.h"
 
 #include "CaptureShield.h"
+#include "Veils.h"
 
 #include <QApplication>
 #include <QImage>
@@ -90,6 +91,61 @@ TEST_F(VeilTest, mustWait_windowAlreadySeen_staysSeen)
     window.show();
     shield.setWaiting(true);
     EXPECT_TRUE(isSeen());
+}
+
+TEST_F(VeilTest, show_windowThatIsNotTranslucent_isBlank)
+{
+    window.setAttribute(Qt::WA_TranslucentBackground, false);
+    window.setPalette(Qt::gray);
+    shield.isWaiting = true;
+    window.show();
+    QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
+    window.render(&image, {}, {}, QWidget::DrawChildren);
+    EXPECT_EQ(image.pixelColor(30, 20), window.palette().window().color());
+    shield.setWaiting(false);
+    EXPECT_TRUE(isSeen());
+}
+
+class VeilsTest : public testing::Test {
+protected:
+    static bool isVeiled(const QWidget& window)
+    {
+        const auto* veil = window.findChild<Veil*>(QString(), Qt::FindDirectChildrenOnly);
+        return veil && veil->isVisible();
+    }
+
+    StubShield shield;
+    Veils veils{shield};
+};
+
+TEST_F(VeilsTest, show_again_hasOneVeil)
+{
+    shield.isWaiting = true;
+    QWidget window;
+    for (int time = 0; time < 3; ++time) {
+        window.show();
+        EXPECT_TRUE(isVeiled(window));
+        window.hide();
+    }
+    EXPECT_EQ(window.findChildren<Veil*>().size(), 1);
+}
+
+TEST_F(VeilsTest, show_nothingToWaitFor_hasNoVeil)
+{
+    QWidget window;
+    window.show();
+    EXPECT_TRUE(window.findChildren<Veil*>().empty());
+}
+
+TEST_F(VeilsTest, show_partOfAWindow_hasNoVeilOfItsOwn)
+{
+    QWidget window;
+    QWidget part(&window);
+    window.show();
+    shield.isWaiting = true;
+    part.hide();
+    part.show();
+    EXPECT_TRUE(window.findChildren<Veil*>().empty());
 }
 
 TEST_F(VeilTest, show_againAfterTheWaitEndedHidden_contentIsSeen)
