@@ -20,6 +20,21 @@ bool isAddress(const QByteArray& text)
         && std::all_of(text.begin() + 2, text.end(), [](char c) { return digits.contains(c); });
 }
 
+template <typename Condition>
+std::vector<QByteArray> windowsWith(const QByteArray& answer, qint64 pid, Condition isMeant)
+{
+    std::vector<QByteArray> windows;
+    const QJsonArray all = QJsonDocument::fromJson(answer).array();
+    for (const QJsonValue& value : all) {
+        const QJsonObject window = value.toObject();
+        const QByteArray address = window[QStringLiteral("address")].toString().toLatin1();
+        if (window[QStringLiteral("pid")].toInteger(-1) == pid && isAddress(address)
+            && isMeant(window))
+            windows.push_back("address:" + address);
+    }
+    return windows;
+}
+
 } // namespace
 
 QByteArray setHidden(int form, const QByteArray& window, bool isHidden)
@@ -47,6 +62,12 @@ QByteArray listWindows()
     return "j/clients";
 }
 
+QByteArray pin(int form, const QByteArray& window)
+{
+    return form == 0 ? "dispatch hl.dsp.window.pin({ window = \"" + window + "\" })"
+                     : "dispatch pin " + window;
+}
+
 bool isDone(const QByteArray& answer)
 {
     return answer.startsWith("ok");
@@ -60,15 +81,15 @@ bool isTrue(const QByteArray& answer)
 
 std::vector<QByteArray> windowsIn(const QByteArray& answer, qint64 pid)
 {
-    std::vector<QByteArray> windows;
-    const QJsonArray all = QJsonDocument::fromJson(answer).array();
-    for (const QJsonValue& value : all) {
-        const QJsonObject window = value.toObject();
-        const QByteArray address = window[QStringLiteral("address")].toString().toLatin1();
-        if (window[QStringLiteral("pid")].toInteger(-1) == pid && isAddress(address))
-            windows.push_back("address:" + address);
-    }
-    return windows;
+    return windowsWith(answer, pid, [](const QJsonObject&) { return true; });
+}
+
+std::vector<QByteArray> unpinnedIn(const QByteArray& answer, qint64 pid, const QString& title)
+{
+    return windowsWith(answer, pid, [&title](const QJsonObject& window) {
+        return window[QStringLiteral("title")].toString() == title
+            && !window[QStringLiteral("pinned")].toBool(true);
+    });
 }
 
 } // namespace sablequill::HyprlandRequests

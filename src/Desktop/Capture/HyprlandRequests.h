@@ -17,9 +17,17 @@ QByteArray setHidden(int form, const QByteArray& window, bool isHidden);
 QByteArray getHidden(int form, const QByteArray& window);
 QByteArray listWindows();
 
+/// The ways to pin a window, which floats: 0.55 and later, and before. It turns the state over, so
+/// only one that is not pinned is to be named.
+inline constexpr int pinFormCount = 2;
+
+QByteArray pin(int form, const QByteArray& window);
+
 bool isDone(const QByteArray& answer);
 bool isTrue(const QByteArray& answer);
 /// The process's windows in the answer to listWindows(); none when it is not understood.
 std::vector<QByteArray> windowsIn(const QByteArray& answer, qint64 pid);
+/// Of those, the ones with that title that are not pinned.
+std::vector<QByteArray> unpinnedIn(const QByteArray& answer, qint64 pid, const QString& title);
 
 } // namespace sablequill::HyprlandRequests

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ManagedKeeper.h"
 
+#include "HyprlandPin.h"
+
 #include <QGuiApplication>
 #include <QWindow>
 
@@ -28,9 +30,10 @@ xcb_client_message_data_t messageData(std::initializer_list<std::uint32_t> value
 
 } // namespace
 
-ManagedKeeper::ManagedKeeper(const XServer& server, PressWatch& presses)
+ManagedKeeper::ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin)
     : server(server)
     , presses(presses)
+    , pin(pin)
 {
     QObject::connect(&presses, &PressWatch::pressedElsewhere, &check, [this] {
         if (isListening && !isDragged && onPressElsewhere)
@@ -73,6 +76,8 @@ void ManagedKeeper::didShow(QWidget&)
     requestStates("_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER");
     sendToManager("_NET_WM_DESKTOP", messageData({allWorkspaces, fromPager}));
     xcb_flush(server.connection);
+    if (pin)
+        pin->pinPanels();
 }
 
 void ManagedKeeper::willHide()

@@ -8,13 +8,15 @@
 
 namespace sablequill {
 
+class HyprlandPin;
+
 /// In a Wayland session: a managed window of a type that compositors put above full-screen ones.
 /// An override-redirect window would be above as well, but could not get the keyboard while a
 /// Wayland window has it.
 class ManagedKeeper final : public WindowKeeper {
 public:
-    /// The server and the watch outlive the keeper.
-    ManagedKeeper(const XServer& server, PressWatch& presses);
+    /// All outlive the keeper. `pin` is null where the compositor is not Hyprland.
+    ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin);
     ~ManagedKeeper() override;
 
     Qt::WindowFlags windowFlags() const override { return Qt::WindowStaysOnTopHint; }
@@ -38,6 +40,7 @@ private:
 
     const XServer& server;
     PressWatch& presses;
+    HyprlandPin* const pin;
     xcb_window_t window = noWindow;
     bool isDragged = false;
     bool isListening = false;

@@ -3,6 +3,7 @@
 
 #include "CaptureShield.h"
 #include "Constants.h"
+#include "HyprlandShield.h"
 #include "ManagedKeeper.h"
 #include "ScreenSpace.h"
 #include "UnmanagedKeeper.h"
@@ -274,6 +275,8 @@ X11PanelFactory::X11PanelFactory(
     , isWaylandSession(isWaylandSession)
     , presses(server)
 {
+    if (const auto socket = HyprlandShield::socketOfSession(); socket && isWaylandSession)
+        pin = std::make_unique<HyprlandPin>(*socket);
 }
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
@@ -284,7 +287,7 @@ std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& descri
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()
 {
     if (isWaylandSession)
-        return std::make_unique<ManagedKeeper>(server, presses);
+        return std::make_unique<ManagedKeeper>(server, presses, pin.get());
     return std::make_unique<UnmanagedKeeper>(server, presses);
 }
 

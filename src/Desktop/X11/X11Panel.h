@@ -3,6 +3,7 @@
 
 #include "AlphaAnimator.h"
 #include "CompositorWatch.h"
+#include "HyprlandPin.h"
 #include "Panel.h"
 #include "PanelWindow.h"
 #include "PressWatch.h"
@@ -88,6 +89,7 @@ private:
     CaptureShield& shield;
     const bool isWaylandSession;
     PressWatch presses;
+    std::unique_ptr<HyprlandPin> pin;
 };
 
 } // namespace sablequill

@@ -74,6 +74,12 @@ QByteArray HyprlandStub::answerTo(const QByteArray& request)
         return set(match.captured(selector).toLatin1(),
             match.captured(3 - selector) == QStringLiteral("1"));
     }
+    static const QRegularExpression newPin(
+        QStringLiteral(R"re(^dispatch hl\.dsp\.window\.pin\(\{ window = "([\w:]+)" \}\)$)re"));
+    static const QRegularExpression oldPin(QStringLiteral(R"(^dispatch pin ([\w:]+)$)"));
+    const auto& pin = form == 0 ? newPin : oldPin;
+    if (const auto match = pin.match(QString::fromLatin1(request)); match.hasMatch())
+        return turnPin(match.captured(1).toLatin1());
     const QByteArrayList words = request.split(' ');
     if (words.size() == 3 && words[0] == "getprop" && words[2] == known.property)
         return hidden.contains(addressOf(words[1])) ? "true" : "false";
@@ -85,7 +91,9 @@ QByteArray HyprlandStub::list()
     QJsonArray all;
     for (const HyprlandWindow& window : windows)
         all.append(QJsonObject{{QStringLiteral("address"), QString::fromLatin1(window.address)},
-            {QStringLiteral("pid"), window.pid}});
+            {QStringLiteral("pid"), window.pid},
+            {QStringLiteral("title"), QString::fromUtf8(window.title)},
+            {QStringLiteral("pinned"), window.isPinned}});
     const auto isGoing = [this](const HyprlandWindow& window) { return window.address == going; };
     windows.erase(std::remove_if(windows.begin(), windows.end(), isGoing), windows.end());
     return QJsonDocument(all).toJson();
@@ -103,6 +111,17 @@ QByteArray HyprlandStub::set(const QByteArray& selector, bool isHidden)
     else
         hidden.remove(address);
     return "ok";
+}
+
+QByteArray HyprlandStub::turnPin(const QByteArray& selector)
+{
+    const QByteArray address = addressOf(selector);
+    for (HyprlandWindow& window : windows)
+        if (window.address == address) {
+            window.isPinned = !window.isPinned;
+            return "ok";
+        }
+    return "error: window not found";
 }
 
 QByteArray HyprlandStub::addressOf(const QByteArray& selector) const

@@ -19,6 +19,8 @@ namespace sablequill {
 struct HyprlandWindow {
     QByteArray address;
     qint64 pid = 0;
+    QByteArray title = {};
+    bool isPinned = false;
 };
 
 /// Hyprland's request socket: one request a connection, which it closes after the answer.
@@ -56,6 +58,7 @@ private:
     QByteArray list();
     QByteArray set(const QByteArray& selector, bool isHidden);
     QByteArray addressOf(const QByteArray& selector) const;
+    QByteArray turnPin(const QByteArray& selector);
 
     QLocalServer server;
     std::vector<std::pair<QPointer<QLocalSocket>, QByteArray>> waiting;
