@@ -151,19 +151,24 @@ void HyprlandShield::take(HyprlandSweep::Outcome outcome)
     last = outcome;
     form = running->form();
     const std::vector<QByteArray> windows = running->doneWindows();
-    if (outcome != Outcome::silent)
-        known.intersect(QSet(windows.begin(), windows.end()));
+    const std::vector<QByteArray> all = running->listedWindows();
+    const QSet listed(all.begin(), all.end());
     // It is still speaking.
     running.release()->deleteLater();
-    if (outcome == Outcome::refused && wanted) {
+    isUnderstood |= wanted && !windows.empty();
+    if (outcome == Outcome::refused && wanted && !isUnderstood) {
         isRefused = true;
         settle(MirkEffect::none);
         return;
     }
+    if (outcome != Outcome::silent)
+        known.intersect(listed);
     const bool isComplete =
-        outcome == Outcome::done && (wanted ? takeHidden(windows) : takeUncovered(windows));
-    if (isComplete)
+        !windows.empty() && (wanted ? takeHidden(windows) : takeUncovered(windows));
+    if (isComplete) {
+        known = listed;
         settle(MirkEffect::blackBox);
+    }
     // A window that is listed may be one that is just going, in the place of one that is yet to
     // come.
     if (!isComplete || (wanted && nextRetry <= times.check))
@@ -172,11 +177,10 @@ void HyprlandShield::take(HyprlandSweep::Outcome outcome)
 
 bool HyprlandShield::takeHidden(const std::vector<QByteArray>& windows)
 {
-    const QSet listed(windows.begin(), windows.end());
-    if (listed.size() - known.size() < arriving.size())
+    const QSet done(windows.begin(), windows.end());
+    if (QSet(done).subtract(known).size() < arriving.size())
         return false;
     hidden.unite(shownWindows());
-    known = listed;
     arriving.clear();
     return true;
 }

@@ -65,8 +65,10 @@ private:
     std::chrono::milliseconds nextRetry{0};
     bool isWaiting = false;
     std::chrono::milliseconds waited{0};
-    /// The compositor knows none of our requests: it is not asked again.
+    /// The compositor knows none of our requests: it is not asked again. Never so once it has
+    /// hidden a window.
     bool isRefused = false;
+    bool isUnderstood = false;
     HyprlandSweep::Outcome last = HyprlandSweep::Outcome::missing;
     /// The windows that are hidden for sure, those that may be, and those not waited for.
     QSet<WId> hidden;

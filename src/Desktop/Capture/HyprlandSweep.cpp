@@ -84,7 +84,14 @@ void HyprlandSweep::takeNextWindow()
     if (++present < windows.size())
         trySetting();
     else
-        Q_EMIT finished(done.empty() ? Outcome::missing : Outcome::done);
+        Q_EMIT finished(outcome());
+}
+
+HyprlandSweep::Outcome HyprlandSweep::outcome() const
+{
+    if (isRefused)
+        return done.empty() ? Outcome::refused : Outcome::missing;
+    return done.empty() ? Outcome::missing : Outcome::done;
 }
 
 void HyprlandSweep::tryNextForm()
@@ -100,12 +107,12 @@ void HyprlandSweep::tryNextForm()
 
 void HyprlandSweep::takeWindowsAfterFailure(const QByteArray& answer)
 {
-    // A tooltip or a menu may go between two requests; that says nothing about the others.
+    // A tooltip or a menu may go between two requests, and one that is just closing may still be
+    // listed; that says nothing about the others.
     const auto still = HyprlandRequests::windowsIn(answer, QCoreApplication::applicationPid());
-    if (std::find(still.begin(), still.end(), windows[present]) == still.end())
-        takeNextWindow();
-    else
-        Q_EMIT finished(Outcome::refused);
+    if (std::find(still.begin(), still.end(), windows[present]) != still.end())
+        isRefused = true;
+    takeNextWindow();
 }
 
 } // namespace sablequill

@@ -16,9 +16,9 @@ public:
     enum class Outcome {
         /// All the windows that there are.
         done,
-        /// The compositor has no window of this process yet.
+        /// The compositor has no window of this process yet, or did it for some only.
         missing,
-        /// It has, and does not do it.
+        /// It has windows, and does it for none.
         refused,
         /// It cannot be asked.
         silent,
@@ -30,7 +30,8 @@ public:
     void start();
     /// The form that the compositor was last seen to understand.
     int form() const { return currentForm; }
-    /// The windows that were listed and are now as wanted.
+    const std::vector<QByteArray>& listedWindows() const { return windows; }
+    /// Those of them that are now as wanted.
     const std::vector<QByteArray>& doneWindows() const { return done; }
 
 Q_SIGNALS:
@@ -40,6 +41,7 @@ Q_SIGNALS:
 private:
     void takeWindows(const QByteArray& answer);
     void takeDoneWindow();
+    Outcome outcome() const;
     void takeNextWindow();
     void trySetting();
     void readBack();
@@ -55,6 +57,7 @@ private:
     /// How many of the forms failed for the present window.
     int failedForms = 0;
     bool isListed = false;
+    bool isRefused = false;
     std::vector<QByteArray> windows;
     std::size_t present = 0;
     std::vector<QByteArray> done;

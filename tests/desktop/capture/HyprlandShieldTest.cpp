@@ -232,6 +232,31 @@ TEST_F(HyprlandShieldTest, setWanted_listedWindowGoes_othersAreHidden)
     EXPECT_EQ(hyprland.hidden, QSet({first}));
 }
 
+TEST_F(HyprlandShieldTest, setWanted_listedWindowIsClosing_othersAreHidden)
+{
+    HyprlandShield shield(path, patient);
+    list(second);
+    hyprland.closing = {second};
+    EXPECT_TRUE(hidesPanel(shield));
+    EXPECT_EQ(hyprland.hidden, QSet({first}));
+}
+
+TEST_F(HyprlandShieldTest, windowShown_onlyAClosingWindowIsListed_isNotTakenForARefusal)
+{
+    HyprlandShield shield(path, patient);
+    ASSERT_TRUE(hidesPanel(shield));
+    panel.destroy();
+    hyprland.closing = {first};
+    popover.show();
+    hyprland.requests.clear();
+    ASSERT_TRUE(asksAgain());
+    EXPECT_TRUE(shield.mustWait(popover.winId()));
+    list(second);
+    EXPECT_TRUE(isReleased(shield, popover.winId()));
+    EXPECT_TRUE(hyprland.hidden.contains(second));
+    EXPECT_EQ(shield.effect.get(), MirkEffect::blackBox);
+}
+
 TEST_F(HyprlandShieldTest, setWanted_onlyListedWindowGoes_isNotTakenForARefusal)
 {
     HyprlandShield shield(path, patient);

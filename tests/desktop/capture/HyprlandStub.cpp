@@ -102,7 +102,7 @@ QByteArray HyprlandStub::list()
 QByteArray HyprlandStub::set(const QByteArray& selector, bool isHidden)
 {
     const QByteArray address = addressOf(selector);
-    if (address.isEmpty())
+    if (address.isEmpty() || closing.contains(address))
         return "error: window not found";
     if (!obeys)
         return "ok";

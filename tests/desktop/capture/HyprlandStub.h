@@ -39,6 +39,8 @@ public:
     bool listsWindows = true;
     /// A window that is gone once it was listed.
     QByteArray going;
+    /// Those of the list that nothing can be done with, as they are just closing.
+    QSet<QByteArray> closing;
     /// Whether it does what it says it did.
     bool obeys = true;
     /// Instead of an answer: these bytes, or only the end of the connection when they are empty.
