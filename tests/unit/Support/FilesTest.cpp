@@ -127,6 +127,8 @@ public:
     {
         const itimerval none = {};
         ::setitimer(ITIMER_REAL, &none, nullptr);
+        // One that was sent and not yet delivered would end the process; ignoring drops it.
+        ::signal(SIGALRM, SIG_IGN);
         ::sigaction(SIGALRM, &oldAction, nullptr);
     }
 
