@@ -7,7 +7,6 @@
 #include <csignal>
 #include <poll.h>
 #include <sys/prctl.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,25 +42,28 @@ void ChildProcess::Report::sendAndStay() const
 ChildProcess::ChildProcess(const std::function<int(const Report&)>& work)
 {
     std::array<int, 2> ends = {-1, -1};
+    std::array<int, 2> lifeEnds = {-1, -1};
     EXPECT_EQ(::pipe(ends.data()), 0);
+    EXPECT_EQ(::pipe(lifeEnds.data()), 0);
     process = ::fork();
     if (process == 0) {
         // A test that crashes takes its children with it.
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         ::close(ends[0]);
+        ::close(lifeEnds[0]);
         ::_exit(work(Report(ends[1])));
     }
     EXPECT_GT(process, 0);
     ::close(ends[1]);
+    ::close(lifeEnds[1]);
     reports = ends[0];
-    handle = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
-    EXPECT_GE(handle, 0);
+    life = lifeEnds[0];
 }
 
 ChildProcess::~ChildProcess()
 {
     kill();
-    ::close(handle);
+    ::close(life);
     ::close(reports);
 }
 
@@ -74,7 +76,7 @@ bool ChildProcess::hasReported() const
 std::optional<int> ChildProcess::exitStatus(std::chrono::milliseconds patience)
 {
     int status = 0;
-    if (isReaped || !isReadable(handle, patience) || ::waitpid(process, &status, 0) != process)
+    if (isReaped || !isReadable(life, patience) || ::waitpid(process, &status, 0) != process)
         return {};
     isReaped = true;
     return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;

@@ -48,7 +48,8 @@ public:
 private:
     pid_t process = -1;
     int reports = -1;
-    int handle = -1;
+    /// Ends with the child, which alone holds its other end.
+    int life = -1;
     bool isReaped = false;
 };
 
