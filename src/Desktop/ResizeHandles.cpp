@@ -101,12 +101,14 @@ ResizeHandles::ResizeHandles(QWidget* host)
     for (const QMargins& grip :
         {QMargins(1, 0, 0, 0), QMargins(0, 1, 0, 0), QMargins(0, 0, 1, 0), QMargins(0, 0, 0, 1),
             QMargins(1, 1, 0, 0), QMargins(0, 1, 1, 0), QMargins(1, 0, 0, 1), QMargins(0, 0, 1, 1)})
-        bands.push_back(new ResizeBand(host, *this, grip));
+        bands.push_back(std::make_unique<ResizeBand>(host, *this, grip));
 }
+
+ResizeHandles::~ResizeHandles() = default;
 
 void ResizeHandles::layOut(const QRect& card)
 {
-    for (ResizeBand* band : bands) {
+    for (const auto& band : bands) {
         band->setGeometry(bandArea(card, band->grip));
         band->raise();
     }

@@ -6,6 +6,7 @@
 #include <QPoint>
 #include <QRect>
 
+#include <memory>
 #include <vector>
 
 class QWidget;
@@ -19,8 +20,10 @@ class ResizeHandles : public QObject {
     Q_OBJECT
 
 public:
-    /// The bands are children of `host`, which outlives this object.
+    /// The bands lie in `host`, which outlives this object.
     explicit ResizeHandles(QWidget* host);
+    /// Takes the bands away; a pull that is under way ends without a word.
+    ~ResizeHandles() override;
 
     /// Puts the bands along the inside of `card` (in the host's coordinates), above the host's
     /// other children.
@@ -33,7 +36,7 @@ Q_SIGNALS:
     void ended();
 
 private:
-    std::vector<ResizeBand*> bands;
+    std::vector<std::unique_ptr<ResizeBand>> bands;
 };
 
 /// The card after the edges in `grip` were pulled along `way`: never smaller than `minimum`, with

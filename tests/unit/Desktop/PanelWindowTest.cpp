@@ -2,11 +2,14 @@
 #include "PanelWindow.h"
 
 #include "Journal.h"
+#include "ResizeHandles.h"
 #include "Widgets.h"
 
 #include <QMouseEvent>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace sablequill {
 namespace {
@@ -96,6 +99,16 @@ TEST_F(PanelWindowTest, pull_clickAlone_isNoResize)
     release();
     EXPECT_EQ(journal.take(), (std::vector<std::string>{"drag()", "drop()"}));
     EXPECT_EQ(window.card(), card);
+}
+
+/// The window's end hides what is left in it, which would report to handles that are gone.
+TEST(ResizeHandlesTest, end_leavesNoBandInTheWindow)
+{
+    QWidget host;
+    auto handles = std::make_unique<ResizeHandles>(&host);
+    EXPECT_EQ(host.children().size(), 8);
+    handles.reset();
+    EXPECT_TRUE(host.children().isEmpty());
 }
 
 TEST_F(PanelWindowTest, pull_hiddenMeanwhile_endsThere)
