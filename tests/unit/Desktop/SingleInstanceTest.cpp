@@ -43,7 +43,7 @@ int startAndStay(const ChildProcess::Report& report)
 class SingleInstanceTest : public testing::Test {
 protected:
     /// Far more than a start takes, far less than "does not end".
-    static constexpr std::chrono::milliseconds moment = 2s;
+    static constexpr std::chrono::milliseconds moment = 10s;
 
     SingleInstanceTest() { fs::create_directory(runtime); }
 
