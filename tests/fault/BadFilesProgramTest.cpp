@@ -31,7 +31,7 @@ TEST_P(BadFilesProgramTest, start_unreadableNotes_welcomeAndTheNextKeyKeepsTheBy
         fileBytes(notesFile()).chopped(20),
     };
     for (const QByteArray& bytes : spoilt) {
-        SCOPED_TRACE(bytes.first(20).toStdString());
+        SCOPED_TRACE(bytes.left(20).toStdString());
         std::filesystem::remove(user.storageFolder() / "notes.unreadable.json");
         writeBytes(notesFile(), bytes);
         startProgram();
