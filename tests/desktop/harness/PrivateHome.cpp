@@ -78,8 +78,8 @@ Environment PrivateHome::environment() const
         {"LANG", "C.UTF-8"},
         {"PATH", "/usr/local/bin:/usr/bin:/bin:/usr/sbin"},
     };
-    keepFromTestProcess(environment, "ASAN_OPTIONS");
-    keepFromTestProcess(environment, "UBSAN_OPTIONS");
+    for (const char* name : {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"})
+        keepFromTestProcess(environment, name);
     return environment;
 }
 
