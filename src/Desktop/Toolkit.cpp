@@ -49,8 +49,8 @@ std::unique_ptr<QApplication> startToolkit(char* programName)
     static int argumentCount = 1;
     static char* arguments[] = {programName, nullptr};
     auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
-    // What it keeps of icons it looks through half a minute later, and the threads that help it fill
-    // end then: both would wake a program that sleeps.
+    // What it keeps of icons it looks through half a minute later, and the threads that help it
+    // fill end then: both would wake a program that sleeps.
     QPixmapCache::setCacheLimit(0);
     QThreadPool::globalInstance()->setExpiryTimeout(0);
     return toolkit;

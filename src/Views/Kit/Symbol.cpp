@@ -4,8 +4,8 @@
 #include "DevicePixels.h"
 
 #include <QFile>
-#include <QPainter>
 #include <QHash>
+#include <QPainter>
 #include <QSvgRenderer>
 
 #include <cmath>
