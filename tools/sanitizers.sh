@@ -3,7 +3,7 @@
 #
 # sanitizers.sh [address | memcheck]: runs every test under the address and undefined-behavior
 # sanitizers, and the unit tests under valgrind's memcheck as well; by default both. Whatever one of
-# them finds fails, and so does a leak. This takes an hour.
+# them finds fails, and so does a leak. Takes half an hour and more.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/setup.sh
