@@ -10,7 +10,7 @@
 namespace sablequill {
 namespace {
 
-/// tools/faults.sh asks for more rounds; with the seed that a failure names it is met again.
+/// tools/faults.sh asks for more rounds; a failure names its seed.
 constexpr const char* roundsVariable = "SABLEQUILL_KILL_ROUNDS";
 constexpr const char* seedVariable = "SABLEQUILL_KILL_SEED";
 constexpr int everydayRounds = 20;
