@@ -35,15 +35,14 @@ public:
 
 private:
     XServer server;
-    const bool isWayland = isWaylandSession(server);
-    const std::unique_ptr<CaptureShield> shield =
-        CaptureShield::forSession(isWayland, sessionBus());
+    const Session session = Session::of(server);
+    const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(session, sessionBus());
     const Veils veils{*shield};
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;
-    X11PanelFactory panels{server, *shield, isWayland};
+    X11PanelFactory panels{server, *shield, session};
     QtScreens screens;
-    DesktopHotKeys hotKeys{server, isWayland};
+    DesktopHotKeys hotKeys{server, session.isWayland};
     AutostartLoginItem loginItem;
     QtMainQueue mainQueue;
 };

@@ -4,17 +4,18 @@
 #include "HyprlandShield.h"
 #include "KWinShield.h"
 #include "NoShield.h"
+#include "Session.h"
 
 namespace sablequill {
 
 std::unique_ptr<CaptureShield> CaptureShield::forSession(
-    bool isWayland, const std::optional<QDBusConnection>& bus)
+    const Session& session, const std::optional<QDBusConnection>& bus)
 {
     // Every client of a plain X server may read the whole screen.
-    if (!isWayland)
+    if (!session.isWayland)
         return std::make_unique<NoShield>();
-    if (const auto socket = HyprlandShield::socketOfSession())
-        return std::make_unique<HyprlandShield>(*socket);
+    if (session.hyprlandSocket)
+        return std::make_unique<HyprlandShield>(*session.hyprlandSocket);
     // Also where KWin is not there yet.
     if (bus)
         return std::make_unique<KWinShield>(*bus);

@@ -11,6 +11,8 @@
 
 namespace sablequill {
 
+struct Session;
+
 /// What one kind of compositor offers for Mirk mode. Works without waiting for anybody, and is
 /// silent while nothing changes.
 class CaptureShield : public MirkProtection {
@@ -21,9 +23,12 @@ public:
     /// compositor has not confirmed that it is, and there is still time to wait for that.
     virtual bool mustWait(WId window) const = 0;
 
-    /// For the session that the process is in. `bus` is the session bus, if there is one.
+    /// Whether there may ever be a window to wait for.
+    virtual bool canHide() const { return true; }
+
+    /// `bus` is the session bus, if there is one.
     static std::unique_ptr<CaptureShield> forSession(
-        bool isWayland, const std::optional<QDBusConnection>& bus);
+        const Session& session, const std::optional<QDBusConnection>& bus);
 
 Q_SIGNALS:
     /// What mustWait() says may have changed.

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HyprlandShield.h"
 
-#include "UserFolders.h"
-
-#include <QFile>
 #include <QGuiApplication>
 #include <QPlatformSurfaceEvent>
 #include <QWindow>
@@ -38,17 +35,6 @@ HyprlandShield::HyprlandShield(const QString& socketPath, const Times& times)
 }
 
 HyprlandShield::~HyprlandShield() = default;
-
-std::optional<QString> HyprlandShield::socketOfSession()
-{
-    const auto runtime = UserFolders::in("XDG_RUNTIME_DIR");
-    const QByteArray signature = qgetenv("HYPRLAND_INSTANCE_SIGNATURE");
-    if (!runtime || signature.isEmpty())
-        return std::nullopt;
-    const auto path = *runtime / "hypr" / signature.toStdString() / ".socket.sock";
-    const QString name = QFile::decodeName(path.c_str());
-    return QFile::exists(name) ? std::optional(name) : std::nullopt;
-}
 
 void HyprlandShield::setWanted(bool isWanted)
 {

@@ -32,9 +32,6 @@ public:
     }
     ~HyprlandShield() override;
 
-    /// The request socket of the Hyprland that runs this session, if there is one.
-    static std::optional<QString> socketOfSession();
-
     void setWanted(bool isWanted) override;
     bool mustWait(WId window) const override;
 

@@ -2,6 +2,7 @@
 #include "HyprlandSocket.h"
 
 #include "FileDescriptor.h"
+#include "UserFolders.h"
 
 #include <QFile>
 #include <QPointer>
@@ -133,6 +134,17 @@ private:
 HyprlandSocket::HyprlandSocket(const QString& path)
     : path(path)
 {
+}
+
+std::optional<QString> HyprlandSocket::ofSession()
+{
+    const auto runtime = UserFolders::in("XDG_RUNTIME_DIR");
+    const QByteArray signature = qgetenv("HYPRLAND_INSTANCE_SIGNATURE");
+    if (!runtime || signature.isEmpty())
+        return std::nullopt;
+    const auto path = *runtime / "hypr" / signature.toStdString() / ".socket.sock";
+    const QString name = QFile::decodeName(path.c_str());
+    return QFile::exists(name) ? std::optional(name) : std::nullopt;
 }
 
 void HyprlandSocket::ask(

@@ -18,6 +18,9 @@ class HyprlandSocket : public QObject {
 public:
     using Answer = std::optional<QByteArray>;
 
+    /// The path of the one of the Hyprland that runs this session, if there is one.
+    static std::optional<QString> ofSession();
+
     explicit HyprlandSocket(const QString& path);
 
     /// Returns at once. Calls back with the answer, or with nothing when the connection fails or

@@ -12,6 +12,7 @@ public:
 
     void setWanted(bool) override { }
     bool mustWait(WId) const override { return false; }
+    bool canHide() const override { return false; }
 };
 
 } // namespace sablequill

@@ -12,7 +12,9 @@ namespace sablequill {
 Veils::Veils(const CaptureShield& shield)
     : shield(shield)
 {
-    qApp->installEventFilter(this);
+    // Nothing is to see each event of the program for nothing.
+    if (shield.canHide())
+        qApp->installEventFilter(this);
 }
 
 bool Veils::eventFilter(QObject* watched, QEvent* event)

@@ -8,7 +8,7 @@ namespace sablequill {
 class CaptureShield;
 
 /// Gives a veil to each window of the program that must not be seen yet when it is shown: menus and
-/// tooltips too.
+/// tooltips too. Where nothing can be hidden it does nothing.
 class Veils final : public QObject {
     Q_OBJECT
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Session.h"
 
+#include "HyprlandSocket.h"
+#include "XServer.h"
+
 #include <QByteArray>
 
 namespace sablequill {
@@ -15,13 +18,20 @@ bool hasExtension(xcb_connection_t* connection, std::string_view name)
     return reply && reply->present != 0;
 }
 
-} // namespace
-
 bool isWaylandSession(const XServer& server)
 {
     // Such a server says so itself since its version 23.1; before that the session has to.
     return hasExtension(server.connection, "XWAYLAND")
         || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
+} // namespace
+
+Session Session::of(const XServer& server)
+{
+    if (!isWaylandSession(server))
+        return {};
+    return {.isWayland = true, .hyprlandSocket = HyprlandSocket::ofSession()};
 }
 
 } // namespace sablequill

@@ -3,9 +3,9 @@
 
 #include "CaptureShield.h"
 #include "Constants.h"
-#include "HyprlandShield.h"
 #include "ManagedKeeper.h"
 #include "ScreenSpace.h"
+#include "Session.h"
 #include "UnmanagedKeeper.h"
 
 #include <QGuiApplication>
@@ -269,14 +269,14 @@ void X11Panel::loseAttention()
 }
 
 X11PanelFactory::X11PanelFactory(
-    const XServer& server, CaptureShield& shield, bool isWaylandSession)
+    const XServer& server, CaptureShield& shield, const Session& session)
     : server(server)
     , shield(shield)
-    , isWaylandSession(isWaylandSession)
+    , isWayland(session.isWayland)
     , presses(server)
 {
-    if (const auto socket = HyprlandShield::socketOfSession(); socket && isWaylandSession)
-        pin = std::make_unique<HyprlandPin>(*socket);
+    if (session.hyprlandSocket)
+        pin = std::make_unique<HyprlandPin>(*session.hyprlandSocket);
 }
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
@@ -286,7 +286,7 @@ std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& descri
 
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()
 {
-    if (isWaylandSession)
+    if (isWayland)
         return std::make_unique<ManagedKeeper>(server, presses, pin.get());
     return std::make_unique<UnmanagedKeeper>(server, presses);
 }

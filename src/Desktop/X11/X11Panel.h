@@ -14,6 +14,7 @@
 namespace sablequill {
 
 class CaptureShield;
+struct Session;
 
 /// A panel as a window of an X server. What differs between kinds of sessions is its keeper's.
 class X11Panel final : public QObject, public Panel {
@@ -78,7 +79,7 @@ private:
 class X11PanelFactory final : public PanelFactory {
 public:
     /// The server and the shield outlive the factory, the factory its panels.
-    X11PanelFactory(const XServer& server, CaptureShield& shield, bool isWaylandSession);
+    X11PanelFactory(const XServer& server, CaptureShield& shield, const Session& session);
 
     std::unique_ptr<Panel> makePanel(const PanelDescription& description) override;
 
@@ -87,7 +88,7 @@ private:
 
     const XServer& server;
     CaptureShield& shield;
-    const bool isWaylandSession;
+    const bool isWayland;
     PressWatch presses;
     std::unique_ptr<HyprlandPin> pin;
 };

@@ -3,7 +3,6 @@
 
 #include "BusConnection.h"
 #include "HyprlandStub.h"
-#include "ScopedVariable.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -442,22 +441,6 @@ TEST_F(HyprlandShieldTest, setWanted_listWithAnAddressThatIsNone_isNotSentBack)
     ASSERT_TRUE(runUntil([&] { return hyprland.requests.size() >= 2; }));
     for (const QByteArray& request : hyprland.requests)
         EXPECT_FALSE(request.contains("0x2")) << request.toStdString();
-}
-
-TEST_F(HyprlandShieldTest, socketOfSession_signatureAndSocket_areNeeded)
-{
-    const ScopedVariable runtime("XDG_RUNTIME_DIR", home.runtimeFolder());
-    const auto folder = home.runtimeFolder() / "hypr" / "sign";
-    std::filesystem::create_directories(folder);
-    {
-        const ScopedVariable signature("HYPRLAND_INSTANCE_SIGNATURE");
-        EXPECT_EQ(HyprlandShield::socketOfSession(), std::nullopt);
-    }
-    const ScopedVariable signature("HYPRLAND_INSTANCE_SIGNATURE", QByteArray("sign"));
-    EXPECT_EQ(HyprlandShield::socketOfSession(), std::nullopt);
-    const QString socket = QString::fromStdString((folder / ".socket.sock").string());
-    const HyprlandStub other(socket);
-    EXPECT_EQ(HyprlandShield::socketOfSession(), socket);
 }
 
 } // namespace

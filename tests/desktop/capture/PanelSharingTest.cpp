@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CaptureShield.h"
 #include "Journal.h"
+#include "Session.h"
 #include "Veil.h"
 #include "Veils.h"
 #include "X11Panel.h"
@@ -35,7 +36,7 @@ protected:
     XServer server;
     SlowShield shield;
     const Veils veils{shield};
-    X11PanelFactory panels{server, shield, false};
+    X11PanelFactory panels{server, shield, Session{}};
     std::unique_ptr<Panel> panel = panels.makePanel({.contentRect = {100, 100, 200, 100}});
 };
 

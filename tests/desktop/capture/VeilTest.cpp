@@ -17,6 +17,7 @@ class StubShield final : public CaptureShield {
 public:
     void setWanted(bool) override { }
     bool mustWait(WId) const override { return isWaiting; }
+    bool canHide() const override { return isAble; }
     void setWaiting(bool next)
     {
         isWaiting = next;
@@ -24,6 +25,7 @@ public:
     }
 
     bool isWaiting = false;
+    bool isAble = true;
 };
 
 class VeilTest : public testing::Test {
@@ -132,6 +134,17 @@ TEST_F(VeilsTest, show_again_hasOneVeil)
 
 TEST_F(VeilsTest, show_nothingToWaitFor_hasNoVeil)
 {
+    QWidget window;
+    window.show();
+    EXPECT_TRUE(window.findChildren<Veil*>().empty());
+}
+
+TEST_F(VeilsTest, show_nothingCanEverBeHidden_eventsAreNotLookedAt)
+{
+    StubShield unable;
+    unable.isAble = false;
+    unable.isWaiting = true;
+    const Veils idle(unable);
     QWidget window;
     window.show();
     EXPECT_TRUE(window.findChildren<Veil*>().empty());
