@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "KeyboardClaim.h"
 #include "PressWatch.h"
 #include "WindowKeeper.h"
-
-#include <QTimer>
 
 namespace sablequill {
 
@@ -31,12 +30,7 @@ public:
 
 private:
     void setAtoms(std::string_view property, std::initializer_list<std::string_view> values) const;
-    void sendToManager(std::string_view message, const xcb_client_message_data_t& data) const;
     void requestStates(std::string_view first, std::string_view second) const;
-    bool hasKeyboard() const;
-    void takeByHelper();
-    void followFocus(const QWindow* focused);
-    void dropHelper();
 
     const XServer& server;
     PressWatch& presses;
@@ -44,9 +38,9 @@ private:
     xcb_window_t window = noWindow;
     bool isDragged = false;
     bool isListening = false;
-    /// A window that the compositor makes active where it refuses that to the panel.
-    std::unique_ptr<QWidget> helper;
-    QTimer check;
+    KeyboardClaim claim;
+    /// Connections end with it.
+    QObject context;
 };
 
 } // namespace sablequill

@@ -156,6 +156,22 @@ void XServer::setFocus(xcb_window_t window) const
     xcb_flush(connection);
 }
 
+void XServer::sendToManager(xcb_window_t window, std::string_view message,
+    std::initializer_list<std::uint32_t> values) const
+{
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    std::copy(values.begin(), values.end(), std::begin(event.data.data32));
+    // The server reads as much as the longest event has.
+    static_assert(sizeof event == 32);
+    xcb_send_event(connection, 0, root,
+        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+        reinterpret_cast<const char*>(&event));
+}
+
 XEventFilter::XEventFilter(std::function<bool(const xcb_generic_event_t&)> filter)
     : filter(std::move(filter))
 {

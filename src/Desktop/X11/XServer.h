@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -17,6 +18,9 @@ namespace sablequill {
 
 inline constexpr xcb_window_t noWindow = XCB_WINDOW_NONE;
 inline constexpr xcb_atom_t noAtom = XCB_ATOM_NONE;
+
+/// EWMH: a request comes from what the user works with, not from the window itself.
+inline constexpr std::uint32_t fromPager = 2;
 
 struct FreeDeleter {
     void operator()(void* memory) const { std::free(memory); }
@@ -59,6 +63,10 @@ public:
     std::optional<xcb_window_t> activeWindow() const;
     xcb_window_t focusedWindow() const;
     void setFocus(xcb_window_t window) const;
+    /// Sends the window manager a message about `window`, as EWMH has it. Not sent out yet: a flush
+    /// or the next question to the server does that.
+    void sendToManager(xcb_window_t window, std::string_view message,
+        std::initializer_list<std::uint32_t> values) const;
 
 private:
     mutable std::map<std::string, xcb_atom_t, std::less<>> atoms;
