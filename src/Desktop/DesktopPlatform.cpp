@@ -32,6 +32,9 @@ std::function<bool(const xcb_generic_event_t&)> managerMessages(const XServer& s
 DesktopPlatform::DesktopPlatform()
     : unheard(managerMessages(server))
 {
+    const auto bus = sessionBus();
+    if (bus && session.isWayland && !session.hyprlandSocket)
+        kwinPin.emplace(*bus);
 }
 
 bool DesktopPlatform::isAvailable()

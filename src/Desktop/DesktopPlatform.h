@@ -5,6 +5,7 @@
 #include "CaptureShield.h"
 #include "DesktopHotKeys.h"
 #include "DesktopStatusItem.h"
+#include "KWinPin.h"
 #include "Platform.h"
 #include "PortalColorScheme.h"
 #include "QtApplication.h"
@@ -40,6 +41,7 @@ private:
     const Veils veils{*shield};
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;
+    std::optional<KWinPin> kwinPin;
     X11PanelFactory panels{server, *shield, session};
     QtScreens screens;
     DesktopHotKeys hotKeys{server, session.isWayland};

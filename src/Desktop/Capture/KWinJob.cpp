@@ -36,6 +36,7 @@ std::optional<KWinJob::Result> resultOf(const QString& state)
     static const std::map<QString, Result> results{
         {QStringLiteral("hidden"), Result::hidden},
         {QStringLiteral("shown"), Result::shown},
+        {QStringLiteral("pinned"), Result::pinned},
         {QStringLiteral("waiting"), Result::waiting},
         {QStringLiteral("unsupported"), Result::unsupported},
     };
@@ -43,13 +44,25 @@ std::optional<KWinJob::Result> resultOf(const QString& state)
     return found == results.end() ? std::nullopt : std::optional(found->second);
 }
 
+QString nameOf(KWinJob::Task task)
+{
+    switch (task) {
+    case KWinJob::Task::hide:
+        return QStringLiteral("hide");
+    case KWinJob::Task::show:
+        return QStringLiteral("show");
+    case KWinJob::Task::pin:
+        return QStringLiteral("pin");
+    }
+    return {};
+}
+
 } // namespace
 
-KWinJob::KWinJob(
-    const QDBusConnection& bus, bool isWanted, std::chrono::milliseconds confirmationTime)
+KWinJob::KWinJob(const QDBusConnection& bus, Task task, std::chrono::milliseconds confirmationTime)
     : bus(bus)
     , kwin(bus)
-    , isWanted(isWanted)
+    , task(task)
     , path(newObjectPath())
 {
     this->bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots);
@@ -120,7 +133,8 @@ void KWinJob::Report(const QString& name, const QString& state)
     for (const QString& other : std::exchange(names, {}))
         kwin.unload(other);
     // The others leave by themselves.
-    if (result == Result::hidden || (result == Result::waiting && isWanted))
+    if (result == Result::hidden || result == Result::pinned
+        || (result == Result::waiting && task != Task::show))
         names.append(name);
     Q_EMIT finished(*result);
 }
@@ -147,7 +161,7 @@ bool KWinJob::writeScript(const QString& name)
 QByteArray KWinJob::optionsFor(const QString& name) const
 {
     const QJsonObject options{
-        {QStringLiteral("isWanted"), isWanted},
+        {QStringLiteral("task"), nameOf(task)},
         {QStringLiteral("pid"), QCoreApplication::applicationPid()},
         {QStringLiteral("owner"), bus.baseService()},
         {QStringLiteral("path"), path},

@@ -1,17 +1,33 @@
 // SPDX-License-Identifier: MIT
 //
 // Runs inside KWin. The program puts the call of this function behind it, with:
-//   isWanted  whether captures are to leave the program's windows out
+//   task      what to do with the program's windows
 //   pid       whose windows they are
 //   owner     the program's unique name on the session bus
 //   path, interface   of the program's object there
 //   name      this script's own name in KWin
 //
-// Wanted, it stays, for the windows that come later: to KWin each showing of a window is a new one.
-// Else it lets captures show all windows again and goes. It never outlives the program.
+// Most tasks stay, for the windows that come later: to KWin each showing of a window is a new one.
+// No script outlives the program by more than its task's `patience`, in milliseconds.
 
 (function (options) {
     "use strict";
+
+    const task = {
+        hide: {
+            property: "excludeFromCapture", value: true, done: "hidden",
+            isMeant: () => true, stays: true, patience: 1000,
+        },
+        show: {
+            property: "excludeFromCapture", value: false, done: "shown",
+            isMeant: () => true, stays: false,
+        },
+        // Only the panels are of that type.
+        pin: {
+            property: "onAllDesktops", value: true, done: "pinned",
+            isMeant: (window) => window.criticalNotification, stays: true, patience: 60000,
+        },
+    }[options.task];
 
     function report(state) {
         callDBus(options.owner, options.path, options.interface, "Report", options.name, state);
@@ -21,14 +37,14 @@
         callDBus("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "unloadScript", options.name);
     }
 
-    // Reads back: a compositor that only swallows the value hides nothing.
+    // Reads back: a compositor that only swallows the value does nothing.
     function mark(window) {
-        window.excludeFromCapture = options.isWanted;
-        return window.excludeFromCapture === options.isWanted;
+        window[task.property] = task.value;
+        return window[task.property] === task.value;
     }
 
     function canMark(window) {
-        return "excludeFromCapture" in window;
+        return task.property in window;
     }
 
     let timer = null;
@@ -47,11 +63,11 @@
         if (windows.length === 0) {
             return "waiting";
         }
-        const own = windows.filter((window) => window.pid === options.pid);
+        const own = windows.filter((window) => window.pid === options.pid && task.isMeant(window));
         if (!canMark(windows[0]) || !own.every(mark)) {
             return "unsupported";
         }
-        return options.isWanted ? "hidden" : "shown";
+        return task.done;
     }
 
     function take(window) {
@@ -77,7 +93,7 @@
     function stay() {
         workspace.windowAdded.connect(take);
         timer = new QTimer();
-        timer.interval = 1000;
+        timer.interval = task.patience;
         timer.timeout.connect(leaveWhenOrphaned);
         timer.start();
     }
@@ -89,7 +105,7 @@
     } else {
         isTried = state !== "waiting";
         report(state);
-        if (options.isWanted) {
+        if (task.stays) {
             stay();
         } else {
             leave();

@@ -70,7 +70,8 @@ void KWinShield::begin()
         startWaiting();
     // The one before goes first.
     job.reset();
-    job = std::make_unique<KWinJob>(bus, *wanted, times.confirmation);
+    job = std::make_unique<KWinJob>(
+        bus, *wanted ? KWinJob::Task::hide : KWinJob::Task::show, times.confirmation);
     connect(job.get(), &KWinJob::finished, this, &KWinShield::take);
     job->start();
 }
@@ -83,6 +84,8 @@ void KWinShield::take(KWinJob::Result result)
     case Result::shown:
         failures = 0;
         settle(MirkEffect::hidden);
+        return;
+    case Result::pinned:
         return;
     case Result::waiting:
         settle(MirkEffect::unknown);

@@ -321,7 +321,7 @@ TEST_F(KWinShieldTest, report_fromAnotherScript_meansNothing)
 {
     const auto kwin = startKWin();
     kwin->manner = KWinStub::Manner::keepsSilent;
-    KWinJob job(program.get(), true, Milliseconds(8000));
+    KWinJob job(program.get(), KWinJob::Task::hide, Milliseconds(8000));
     int results = 0;
     QObject::connect(&job, &KWinJob::finished, &job, [&] { ++results; });
     job.start();

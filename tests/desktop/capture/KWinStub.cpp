@@ -91,12 +91,13 @@ KWinStub::KWinStub(const std::string& busAddress, bool canHide)
 
 KWinStub::~KWinStub() = default;
 
-StubWindow& KWinStub::addWindow(int pid)
+StubWindow& KWinStub::addWindow(int pid, bool isPanel)
 {
     auto& window = workspace.windows.emplace_back(canHide
             ? std::unique_ptr<StubWindow>(std::make_unique<CapturableWindow>(pid))
             : std::make_unique<StubWindow>(pid));
     QJSEngine::setObjectOwnership(window.get(), QJSEngine::CppOwnership);
+    window->isPanel = isPanel;
     Q_EMIT workspace.windowAdded(window.get());
     return *window;
 }

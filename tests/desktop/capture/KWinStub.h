@@ -19,6 +19,8 @@ namespace sablequill {
 class StubWindow : public QObject {
     Q_OBJECT
     Q_PROPERTY(int pid MEMBER pid CONSTANT)
+    Q_PROPERTY(bool criticalNotification MEMBER isPanel CONSTANT)
+    Q_PROPERTY(bool onAllDesktops MEMBER isOnAllDesktops)
 
 public:
     explicit StubWindow(int pid)
@@ -28,6 +30,8 @@ public:
     virtual bool isHidden() const { return false; }
 
     int pid;
+    bool isPanel = false;
+    bool isOnAllDesktops = false;
 };
 
 /// The same in a KWin that can leave windows out of captures.
@@ -102,7 +106,7 @@ public:
     ~KWinStub() override;
 
     /// A window appears: a new one, as each showing of a window is.
-    StubWindow& addWindow(int pid);
+    StubWindow& addWindow(int pid, bool isPanel = false);
     QStringList loadedScripts() const;
     /// Loads a script of somebody else's, which does nothing.
     void loadForeignScript(const QString& name);
