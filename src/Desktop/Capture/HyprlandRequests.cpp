@@ -5,6 +5,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <utility>
+
 namespace sablequill::HyprlandRequests {
 namespace {
 
@@ -18,6 +23,23 @@ bool isAddress(const QByteArray& text)
     static constexpr QByteArrayView digits("0123456789abcdefABCDEF");
     return text.startsWith("0x") && text.size() > 2
         && std::all_of(text.begin() + 2, text.end(), [](char c) { return digits.contains(c); });
+}
+
+QRect frameOf(const QJsonObject& window)
+{
+    const QJsonArray at = window[QStringLiteral("at")].toArray();
+    const QJsonArray size = window[QStringLiteral("size")].toArray();
+    return {at[0].toInt(), at[1].toInt(), size[0].toInt(), size[1].toInt()};
+}
+
+/// But for what is lost in rounding.
+bool hasProportions(const QRect& rectangle, const QRect& other)
+{
+    const int difference =
+        std::abs(rectangle.width() * other.height() - other.width() * rectangle.height());
+    return !rectangle.isEmpty()
+        && difference
+        <= 2 * (rectangle.width() + rectangle.height() + other.width() + other.height());
 }
 
 template <typename Condition>
@@ -68,6 +90,12 @@ QByteArray pin(int form, const QByteArray& window)
                      : "dispatch pin " + window;
 }
 
+QByteArray focus(int form, const QByteArray& window)
+{
+    return form == 0 ? "dispatch hl.dsp.focus({ window = \"" + window + "\" })"
+                     : "dispatch focuswindow " + window;
+}
+
 bool isDone(const QByteArray& answer)
 {
     return answer.startsWith("ok");
@@ -90,6 +118,22 @@ std::vector<QByteArray> unpinnedIn(const QByteArray& answer, qint64 pid, const Q
         return window[QStringLiteral("title")].toString() == title
             && !window[QStringLiteral("pinned")].toBool(true);
     });
+}
+
+std::optional<QByteArray> windowIn(
+    const QByteArray& answer, qint64 pid, const QString& title, const QRect& frame)
+{
+    int nearest = std::numeric_limits<int>::max();
+    std::optional<QByteArray> found;
+    for (const QByteArray& name : windowsWith(answer, pid, [&](const QJsonObject& window) {
+             const QRect other = frameOf(window);
+             const int distance = (other.topLeft() - frame.topLeft()).manhattanLength();
+             return window[QStringLiteral("title")].toString() == title
+                 && hasProportions(other, frame)
+                 && std::exchange(nearest, std::min(nearest, distance)) > distance;
+         }))
+        found = name;
+    return found;
 }
 
 } // namespace sablequill::HyprlandRequests

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRect>
 
+#include <optional>
 #include <vector>
 
 /// What is said on Hyprland's request socket. A window is named by a selector, "address:0x…" or
@@ -23,11 +25,20 @@ inline constexpr int pinFormCount = 2;
 
 QByteArray pin(int form, const QByteArray& window);
 
+/// The ways to focus a window, in the same two forms.
+QByteArray focus(int form, const QByteArray& window);
+
 bool isDone(const QByteArray& answer);
 bool isTrue(const QByteArray& answer);
 /// The process's windows in the answer to listWindows(); none when it is not understood.
 std::vector<QByteArray> windowsIn(const QByteArray& answer, qint64 pid);
 /// Of those, the ones with that title that are not pinned.
 std::vector<QByteArray> unpinnedIn(const QByteArray& answer, qint64 pid, const QString& title);
+
+/// The one with that title that is most likely the window with that frame, in the X server's
+/// pixels: of those of its proportions the one that is nearest. The compositor's coordinates may be
+/// scaled.
+std::optional<QByteArray> windowIn(
+    const QByteArray& answer, qint64 pid, const QString& title, const QRect& frame);
 
 } // namespace sablequill::HyprlandRequests

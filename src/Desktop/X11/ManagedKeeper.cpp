@@ -14,12 +14,19 @@ constexpr std::uint32_t addState = 1;
 
 } // namespace
 
-ManagedKeeper::ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin)
+ManagedKeeper::ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin,
+    const std::optional<QString>& hyprlandSocket)
     : server(server)
     , presses(presses)
     , pin(pin)
     , claim(server)
 {
+    if (hyprlandSocket) {
+        focus.emplace(*hyprlandSocket);
+        // The compositor leaves that to whoever had it, when the window was hidden meanwhile.
+        QObject::connect(
+            &*focus, &HyprlandFocus::focused, &context, [this] { this->server.setFocus(window); });
+    }
     QObject::connect(&presses, &PressWatch::pressedElsewhere, &context, [this] {
         if (isListening && !isDragged && onPressElsewhere)
             onPressElsewhere();
@@ -63,6 +70,8 @@ void ManagedKeeper::didShow(QWidget&)
 void ManagedKeeper::willHide()
 {
     claim.stop();
+    if (focus)
+        focus->stop();
     watchPresses(false);
     window = noWindow;
 }
@@ -74,7 +83,11 @@ void ManagedKeeper::keepOnTop(bool)
 
 void ManagedKeeper::takeKeyboard()
 {
-    if (window != noWindow)
+    if (window == noWindow || server.isInside(server.focusedWindow(), window))
+        return;
+    if (focus)
+        focus->focusPanel(server.frame(window));
+    else
         claim.start(window);
 }
 

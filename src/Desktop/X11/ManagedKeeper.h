@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HyprlandFocus.h"
 #include "KeyboardClaim.h"
 #include "PressWatch.h"
 #include "WindowKeeper.h"
@@ -14,8 +15,10 @@ class HyprlandPin;
 /// Wayland window has it.
 class ManagedKeeper final : public WindowKeeper {
 public:
-    /// All outlive the keeper. `pin` is null where the compositor is not Hyprland.
-    ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin);
+    /// All but the name of the socket outlive the keeper. `pin` is null and there is no socket
+    /// where the compositor is not Hyprland.
+    ManagedKeeper(const XServer& server, PressWatch& presses, HyprlandPin* pin,
+        const std::optional<QString>& hyprlandSocket);
     ~ManagedKeeper() override;
 
     Qt::WindowFlags windowFlags() const override { return Qt::WindowStaysOnTopHint; }
@@ -39,6 +42,7 @@ private:
     bool isDragged = false;
     bool isListening = false;
     KeyboardClaim claim;
+    std::optional<HyprlandFocus> focus;
     /// Connections end with it.
     QObject context;
 };

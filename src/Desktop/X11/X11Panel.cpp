@@ -273,10 +273,11 @@ X11PanelFactory::X11PanelFactory(
     : server(server)
     , shield(shield)
     , isWayland(session.isWayland)
+    , hyprlandSocket(session.hyprlandSocket)
     , presses(server)
 {
-    if (session.hyprlandSocket)
-        pin = std::make_unique<HyprlandPin>(*session.hyprlandSocket);
+    if (hyprlandSocket)
+        pin = std::make_unique<HyprlandPin>(*hyprlandSocket);
 }
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
@@ -287,7 +288,7 @@ std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& descri
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()
 {
     if (isWayland)
-        return std::make_unique<ManagedKeeper>(server, presses, pin.get());
+        return std::make_unique<ManagedKeeper>(server, presses, pin.get(), hyprlandSocket);
     return std::make_unique<UnmanagedKeeper>(server, presses);
 }
 

@@ -89,6 +89,7 @@ private:
     const XServer& server;
     CaptureShield& shield;
     const bool isWayland;
+    const std::optional<QString> hyprlandSocket;
     PressWatch presses;
     std::unique_ptr<HyprlandPin> pin;
 };

@@ -106,6 +106,19 @@ bool XServer::isViewable(xcb_window_t window) const
     return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+QRect XServer::frame(xcb_window_t window) const
+{
+    const auto sizeCookie = xcb_get_geometry(connection, window);
+    const auto placeCookie = xcb_translate_coordinates(connection, window, root, 0, 0);
+    const XReply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(connection, sizeCookie, nullptr));
+    const XReply<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(connection, placeCookie, nullptr));
+    if (!size || !place)
+        return {};
+    return {place->dst_x, place->dst_y, size->width, size->height};
+}
+
 bool XServer::isOwn(xcb_window_t window) const
 {
     const QWindowList windows = QGuiApplication::topLevelWindows();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractNativeEventFilter>
+#include <QRect>
 
 #include <cstdlib>
 #include <functional>
@@ -52,6 +53,8 @@ public:
     /// Whether `window` is `ancestor` or lies inside it.
     bool isInside(xcb_window_t window, xcb_window_t ancestor) const;
     bool isViewable(xcb_window_t window) const;
+    /// In pixels, on the root; empty for windows that are gone.
+    QRect frame(xcb_window_t window) const;
     /// Whether `window` is a top-level window of this program.
     bool isOwn(xcb_window_t window) const;
     /// Whether that window of this program is none that a window manager knows of.

@@ -80,6 +80,12 @@ QByteArray HyprlandStub::answerTo(const QByteArray& request)
     const auto& pin = form == 0 ? newPin : oldPin;
     if (const auto match = pin.match(QString::fromLatin1(request)); match.hasMatch())
         return turnPin(match.captured(1).toLatin1());
+    static const QRegularExpression newFocus(
+        QStringLiteral(R"re(^dispatch hl\.dsp\.focus\(\{ window = "([\w:]+)" \}\)$)re"));
+    static const QRegularExpression oldFocus(QStringLiteral(R"(^dispatch focuswindow ([\w:]+)$)"));
+    const auto& focusing = form == 0 ? newFocus : oldFocus;
+    if (const auto match = focusing.match(QString::fromLatin1(request)); match.hasMatch())
+        return focus(match.captured(1).toLatin1());
     const QByteArrayList words = request.split(' ');
     if (words.size() == 3 && words[0] == "getprop" && words[2] == known.property)
         return hidden.contains(addressOf(words[1])) ? "true" : "false";
@@ -92,6 +98,8 @@ QByteArray HyprlandStub::list()
     for (const HyprlandWindow& window : windows)
         all.append(QJsonObject{{QStringLiteral("address"), QString::fromLatin1(window.address)},
             {QStringLiteral("pid"), window.pid},
+            {QStringLiteral("at"), QJsonArray{window.frame.x(), window.frame.y()}},
+            {QStringLiteral("size"), QJsonArray{window.frame.width(), window.frame.height()}},
             {QStringLiteral("title"), QString::fromUtf8(window.title)},
             {QStringLiteral("pinned"), window.isPinned}});
     const auto isGoing = [this](const HyprlandWindow& window) { return window.address == going; };
@@ -119,6 +127,17 @@ QByteArray HyprlandStub::turnPin(const QByteArray& selector)
     for (HyprlandWindow& window : windows)
         if (window.address == address) {
             window.isPinned = !window.isPinned;
+            return "ok";
+        }
+    return "error: window not found";
+}
+
+QByteArray HyprlandStub::focus(const QByteArray& selector)
+{
+    const QByteArray address = addressOf(selector);
+    for (const HyprlandWindow& window : windows)
+        if (window.address == address) {
+            focused = address;
             return "ok";
         }
     return "error: window not found";

@@ -7,6 +7,7 @@
 #include <QLocalSocket>
 #include <QMap>
 #include <QPointer>
+#include <QRect>
 
 #include <functional>
 #include <optional>
@@ -21,6 +22,7 @@ struct HyprlandWindow {
     qint64 pid = 0;
     QByteArray title = {};
     bool isPinned = false;
+    QRect frame = {};
 };
 
 /// Hyprland's request socket: one request a connection, which it closes after the answer.
@@ -51,6 +53,8 @@ public:
 
     /// Those that captures do not show.
     QSet<QByteArray> hidden;
+    /// The one that has the keyboard.
+    QByteArray focused;
     QByteArrayList requests;
 
 private:
@@ -61,6 +65,7 @@ private:
     QByteArray set(const QByteArray& selector, bool isHidden);
     QByteArray addressOf(const QByteArray& selector) const;
     QByteArray turnPin(const QByteArray& selector);
+    QByteArray focus(const QByteArray& selector);
 
     QLocalServer server;
     std::vector<std::pair<QPointer<QLocalSocket>, QByteArray>> waiting;
