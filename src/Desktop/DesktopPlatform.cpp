@@ -16,10 +16,7 @@ constexpr std::string_view messages[] = {"_KDE_WM_CHANGE_STATE", "_NET_CLOSE_WIN
 
 std::function<bool(const xcb_generic_event_t&)> managerMessages(const XServer& server)
 {
-    std::vector<xcb_atom_t> types;
-    for (const std::string_view name : messages)
-        types.push_back(server.atom(name));
-    return [types](const xcb_generic_event_t& event) {
+    return [types = server.atoms(messages)](const xcb_generic_event_t& event) {
         return eventType(event) == XCB_CLIENT_MESSAGE
             && std::find(
                    types.begin(), types.end(), eventAs<xcb_client_message_event_t>(event).type)

@@ -22,12 +22,11 @@ constexpr int modifierCount = 8;
 using KeyMapping = XReply<xcb_get_keyboard_mapping_reply_t>;
 using ModifierMapping = XReply<xcb_get_modifier_mapping_reply_t>;
 
-KeyMapping readKeys(const XServer& server)
+xcb_get_keyboard_mapping_cookie_t askForKeys(const XServer& server)
 {
     const xcb_setup_t* setup = xcb_get_setup(server.connection);
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
-    return KeyMapping(xcb_get_keyboard_mapping_reply(server.connection,
-        xcb_get_keyboard_mapping(server.connection, setup->min_keycode, count), nullptr));
+    return xcb_get_keyboard_mapping(server.connection, setup->min_keycode, count);
 }
 
 /// The keys that give one of `wanted` on any level: some carry a modifier's symbol on the second
@@ -62,9 +61,11 @@ std::uint16_t maskOf(const ModifierMapping& modifiers, const std::set<xcb_keycod
 
 KeyboardMap KeyboardMap::read(const XServer& server)
 {
-    const KeyMapping keys = readKeys(server);
-    const ModifierMapping modifiers(xcb_get_modifier_mapping_reply(
-        server.connection, xcb_get_modifier_mapping(server.connection), nullptr));
+    const auto keysCookie = askForKeys(server);
+    const auto modifiersCookie = xcb_get_modifier_mapping(server.connection);
+    const KeyMapping keys(xcb_get_keyboard_mapping_reply(server.connection, keysCookie, nullptr));
+    const ModifierMapping modifiers(
+        xcb_get_modifier_mapping_reply(server.connection, modifiersCookie, nullptr));
     if (!keys || !modifiers || keys->keysyms_per_keycode == 0)
         return {};
     const auto mask = [&](std::initializer_list<xcb_keysym_t> wanted) {

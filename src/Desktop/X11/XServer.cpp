@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <xcb/xinput.h>
 
 namespace sablequill {
 namespace {
@@ -23,6 +24,15 @@ xcb_window_t rootOf(xcb_connection_t* connection)
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
+xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name)
+{
+    return xcb_intern_atom(connection, false, static_cast<std::uint16_t>(name.size()), name.data());
+}
+
+/// What every session asks for while it starts.
+constexpr std::string_view startNames[] = {
+    "_NET_ACTIVE_WINDOW", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_CM_S0", "WM_STATE"};
+
 } // namespace
 
 XServer::XServer()
@@ -30,16 +40,35 @@ XServer::XServer()
     , root(rootOf(connection))
     , screenNumber(0)
 {
+    // Together: the program waits for each journey to the server and back.
+    xcb_prefetch_extension_data(connection, &xcb_input_id);
+    atoms(startNames);
 }
 
 xcb_atom_t XServer::atom(std::string_view name) const
 {
-    if (const auto known = atoms.find(name); known != atoms.end())
-        return known->second;
-    const auto cookie =
-        xcb_intern_atom(connection, false, static_cast<std::uint16_t>(name.size()), name.data());
-    const XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? atoms.emplace(name, reply->atom).first->second : noAtom;
+    return atoms({&name, 1}).front();
+}
+
+std::vector<xcb_atom_t> XServer::atoms(std::span<const std::string_view> names) const
+{
+    std::vector<std::pair<std::string_view, xcb_intern_atom_cookie_t>> questions;
+    for (const std::string_view name : names) {
+        if (!knownAtoms.contains(name))
+            questions.emplace_back(name, askForAtom(connection, name));
+    }
+    for (const auto& [name, cookie] : questions) {
+        const XReply<xcb_intern_atom_reply_t> reply(
+            xcb_intern_atom_reply(connection, cookie, nullptr));
+        if (reply)
+            knownAtoms.emplace(name, reply->atom);
+    }
+    std::vector<xcb_atom_t> found;
+    for (const std::string_view name : names) {
+        const auto known = knownAtoms.find(name);
+        found.push_back(known == knownAtoms.end() ? noAtom : known->second);
+    }
+    return found;
 }
 
 void XServer::addEventMask(xcb_window_t window, std::uint32_t mask) const

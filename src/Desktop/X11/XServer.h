@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,8 @@ public:
 
     /// Asks the server for each name once.
     xcb_atom_t atom(std::string_view name) const;
+    /// The same for some names, all in one journey to the server and back.
+    std::vector<xcb_atom_t> atoms(std::span<const std::string_view> names) const;
     /// Adds to what this program hears of a window, keeping what it hears already.
     void addEventMask(xcb_window_t window, std::uint32_t mask) const;
     std::optional<xcb_window_t> windowProperty(xcb_window_t window, xcb_atom_t property) const;
@@ -72,7 +75,7 @@ public:
         std::initializer_list<std::uint32_t> values) const;
 
 private:
-    mutable std::map<std::string, xcb_atom_t, std::less<>> atoms;
+    mutable std::map<std::string, xcb_atom_t, std::less<>> knownAtoms;
 };
 
 /// Hands every event of the toolkit's connection to a function, before the toolkit sees it, for as
