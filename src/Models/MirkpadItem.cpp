@@ -31,7 +31,7 @@ QString onOneLine(QStringView text)
 
 QString MirkpadItem::preview() const
 {
-    const QStringView trimmed = Text::trimmedWhitespaceAndNewlines(content);
+    const QStringView trimmed = Text::trimmedWhitespaceAndNewlines(content.text());
     if (trimmed.isEmpty())
         return QStringLiteral("Empty note");
     return onOneLine(trimmed);
@@ -47,6 +47,6 @@ Decoded<std::vector<MirkpadItem>> decodeNotes(QByteArrayView json, qsizetype rea
 std::size_t std::hash<sablequill::MirkpadItem>::operator()(
     const sablequill::MirkpadItem& item) const noexcept
 {
-    return qHashMulti(0, item.id, item.title, item.content,
+    return qHashMulti(0, item.id, item.title, item.content.text(),
         item.createdAt.time_since_epoch().count(), item.updatedAt.time_since_epoch().count());
 }

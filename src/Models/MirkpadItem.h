@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Decoded.h"
+#include "LazyText.h"
 #include "Timestamp.h"
 
 #include <QByteArrayView>
@@ -18,7 +19,7 @@ namespace sablequill {
 struct MirkpadItem {
     QUuid id = QUuid::createUuid();
     QString title = QStringLiteral("Untitled");
-    QString content = {};
+    LazyText content = {};
     Timestamp createdAt = currentTime();
     Timestamp updatedAt = currentTime();
 

@@ -24,17 +24,11 @@ QByteArray encodeOne(const MirkpadItem& note)
     return bytes.sliced(listStart.size(), bytes.size() - listStart.size() - listEnd.size());
 }
 
-/// Text that was not touched is shared, which spares reading it.
-bool isSameText(const QString& one, const QString& other)
-{
-    return (one.constData() == other.constData() && one.size() == other.size()) || one == other;
-}
-
 bool isSameNote(const MirkpadItem& one, const MirkpadItem& other)
 {
     return one.id == other.id && one.updatedAt == other.updatedAt
-        && one.createdAt == other.createdAt && isSameText(one.title, other.title)
-        && isSameText(one.content, other.content);
+        && one.createdAt == other.createdAt && one.title == other.title
+        && one.content == other.content;
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Text.h"
 
+#include <QByteArrayView>
+#include <QStringDecoder>
 #include <QtGlobal>
 
 #include <unicode/brkiter.h>
@@ -12,6 +14,8 @@
 
 namespace sablequill::Text {
 namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 std::unique_ptr<icu::BreakIterator> makeCharacterIterator()
 {
@@ -97,6 +101,15 @@ std::vector<QStringView> splitAtNewlines(QStringView text)
     while (const auto line = reader.next())
         lines.push_back(*line);
     return lines;
+}
+
+QString fromUtf8(std::string_view utf8)
+{
+    const QByteArrayView bytes(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (!utf8.starts_with(byteOrderMark))
+        return QString::fromUtf8(bytes);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(bytes);
 }
 
 QString wellFormed(const QString& text)

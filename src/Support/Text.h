@@ -5,6 +5,7 @@
 #include <QStringView>
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 /// What a user perceives as characters, white space and lines. Views point into the argument's
@@ -42,6 +43,9 @@ private:
 
 /// All lines as LineReader gives them: at least one.
 std::vector<QStringView> splitAtNewlines(QStringView text);
+
+/// Unlike QString::fromUtf8, with the U+FEFF at its start.
+QString fromUtf8(std::string_view utf8);
 
 /// The text with every unpaired surrogate replaced by U+FFFD.
 QString wellFormed(const QString& text);

@@ -123,7 +123,7 @@ int OverlayView::currentNoteIndex() const
 void OverlayView::syncEditContent()
 {
     const MirkpadItem* note = notesManager.selectedNote();
-    const QString content = note ? note->content : QString();
+    const QString content = note ? note->content.text() : QString();
     const auto& selected = notesManager.selectedNoteID.get();
     const bool isOtherText = content != editContent.text();
     if (std::exchange(bufferNoteID, selected) == selected && !isOtherText)

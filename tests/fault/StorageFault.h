@@ -52,7 +52,7 @@ protected:
     {
         const auto notes = decodeNotes(bytesOf(home.notes()));
         EXPECT_TRUE(notes) << bytesOf(home.notes()).toStdString();
-        return notes ? notes->at(0).content : QString();
+        return notes ? notes->at(0).content.text() : QString();
     }
     double storedOpacity() const
     {

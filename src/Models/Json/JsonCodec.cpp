@@ -4,7 +4,6 @@
 #include "Text.h"
 
 #include <QByteArrayView>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <cctype>
@@ -12,8 +11,6 @@
 
 namespace sablequill::json {
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 Decoded<std::string_view> readText(Element element)
 {
@@ -38,17 +35,6 @@ QByteArrayView view(std::string_view text)
 }
 
 } // namespace
-
-QString toString(std::string_view utf8)
-{
-    // A string of the file keeps its first character, also where that would mark a file's byte
-    // order.
-    if (utf8.starts_with(byteOrderMark)) {
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-        return decoder.decode(view(utf8));
-    }
-    return QString::fromUtf8(view(utf8));
-}
 
 Decoded<bool> Codec<bool>::read(Element element)
 {
@@ -85,10 +71,23 @@ Decoded<QString> Codec<QString>::read(Element element)
     const auto text = readText(element);
     if (!text)
         return text.refusal();
-    return toString(*text);
+    return Text::fromUtf8(*text);
 }
 
 QJsonValue Codec<QString>::write(const QString& value)
+{
+    return Text::wellFormed(value);
+}
+
+Decoded<LazyText> Codec<LazyText>::read(Element element)
+{
+    const auto text = readText(element);
+    if (!text)
+        return text.refusal();
+    return LazyText(*text, element.document);
+}
+
+QJsonValue Codec<LazyText>::write(const LazyText& value)
 {
     return Text::wellFormed(value);
 }

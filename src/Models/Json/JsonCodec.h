@@ -3,6 +3,8 @@
 
 #include "Decoded.h"
 #include "LargePages.h"
+#include "LazyText.h"
+#include "Text.h"
 #include "Timestamp.h"
 
 #include <QByteArrayView>
@@ -15,6 +17,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <type_traits>
 #include <vector>
@@ -23,7 +26,18 @@
 /// this header.
 namespace sablequill::json {
 
-using Element = simdjson::dom::element;
+/// What the parser makes of a text; all strings of the text live in it.
+using Document = std::shared_ptr<const simdjson::dom::document>;
+
+struct Element : simdjson::dom::element {
+    Element(simdjson::dom::element value, const Document& document)
+        : simdjson::dom::element(value)
+        , document(document)
+    {
+    }
+
+    const Document& document;
+};
 
 /// `read` refuses a value of another type; `write` never fails. The key is a property of the record
 /// that holds the value, not of the value.
@@ -53,6 +67,12 @@ template <> struct Codec<QString> {
     static QJsonValue write(const QString& value);
 };
 
+/// The same, and the document lives as long as a text that nobody has asked for.
+template <> struct Codec<LazyText> {
+    static Decoded<LazyText> read(Element element);
+    static QJsonValue write(const LazyText& value);
+};
+
 /// 8-4-4-4-12 hexadecimal digits without braces, read in either case, written in upper case.
 template <> struct Codec<QUuid> {
     static Decoded<QUuid> read(Element element);
@@ -64,8 +84,6 @@ template <> struct Codec<Timestamp> {
     static QJsonValue write(Timestamp value);
 };
 
-QString toString(std::string_view utf8);
-
 template <typename T> struct Codec<std::vector<T>> {
     static Decoded<std::vector<T>> read(Element element)
     {
@@ -74,8 +92,8 @@ template <typename T> struct Codec<std::vector<T>> {
             return Refusal{QStringLiteral("not an array")};
         std::vector<T> values;
         values.reserve(array.size());
-        for (const Element item : array) {
-            auto value = Codec<T>::read(item);
+        for (const simdjson::dom::element item : array) {
+            auto value = Codec<T>::read({item, element.document});
             if (!value)
                 return value.refusal().within(QString::number(values.size()));
             values.push_back(std::move(*value));
@@ -91,12 +109,12 @@ template <typename T> struct Codec<std::map<QString, T>> {
         simdjson::dom::object object;
         if (element.get(object) != simdjson::SUCCESS)
             return Refusal{QStringLiteral("not an object")};
-        std::map<QString, Element> members;
+        std::map<QString, simdjson::dom::element> members;
         for (const auto& [key, member] : object)
-            members.insert_or_assign(toString(key), member);
+            members.insert_or_assign(Text::fromUtf8(key), member);
         std::map<QString, T> values;
         for (const auto& [key, member] : members) {
-            auto value = Codec<T>::read(member);
+            auto value = Codec<T>::read({member, element.document});
             if (!value)
                 return value.refusal().within(key);
             values.emplace(key, std::move(*value));
@@ -123,19 +141,20 @@ template <typename T> Decoded<T> decode(QByteArrayView text, qsizetype readableB
         !text.isEmpty() && readableBehind >= static_cast<qsizetype>(simdjson::SIMDJSON_PADDING);
     if (text.isEmpty())
         text = ""; // the parser copies from no null pointer
-    simdjson::dom::parser parser;
     const auto size = static_cast<std::size_t>(text.size());
-    auto error = parser.allocate(size);
-    if (error == simdjson::SUCCESS)
-        error = parser.doc.allocate(size);
-    // All strings of the text go there.
-    if (error == simdjson::SUCCESS)
-        LargePages::use(parser.doc.string_buf.get(), size);
-    Element root;
-    error = parser.parse(text.data(), size, !isPadded).get(root);
+    const auto document = std::make_shared<simdjson::dom::document>();
+    if (document->allocate(size) == simdjson::SUCCESS)
+        LargePages::use(document->string_buf.get(), size);
+    simdjson::dom::parser parser;
+    simdjson::dom::element root;
+    const auto error =
+        parser.parse_into_document(*document, text.data(), size, !isPadded).get(root);
     if (error != simdjson::SUCCESS)
         return Refusal{QString::fromLatin1(simdjson::error_message(error))};
-    return Codec<T>::read(root);
+    auto value = Codec<T>::read({root, document});
+    // Texts of the value may keep the document, but only its strings.
+    document->tape.reset();
+    return value;
 }
 
 } // namespace sablequill::json

@@ -45,7 +45,7 @@ template <typename Derived, typename Record> struct RecordCodec {
         std::optional<Refusal> refusal;
         eachField([&, members = membersOf(object)](const auto& field, std::size_t index) {
             if (!refusal)
-                refusal = readField(record, field, members[index]);
+                refusal = readField(record, field, members[index], element.document);
         });
         if (refusal)
             return *std::move(refusal);
@@ -75,7 +75,7 @@ private:
     /// The object's members in the order of the table.
     static auto membersOf(simdjson::dom::object object)
     {
-        std::array<std::optional<Element>, count()> members;
+        std::array<std::optional<simdjson::dom::element>, count()> members;
         for (const auto& [key, member] : object) {
             eachField([&, &key = key, &member = member](const auto& field, std::size_t index) {
                 if (field.key == key)
@@ -86,17 +86,17 @@ private:
     }
 
     template <typename Member>
-    static std::optional<Refusal> readField(
-        Record& record, const Field<Record, Member>& field, std::optional<Element> element)
+    static std::optional<Refusal> readField(Record& record, const Field<Record, Member>& field,
+        std::optional<simdjson::dom::element> element, const Document& document)
     {
         if constexpr (IsOptional<Member>::value) {
             if (!element || element->is_null())
                 return {};
-            return assign<typename Member::value_type>(record, field, *element);
+            return assign<typename Member::value_type>(record, field, {*element, document});
         } else {
             if (!element)
-                return Refusal{QStringLiteral("missing")}.within(toString(field.key));
-            return assign<Member>(record, field, *element);
+                return Refusal{QStringLiteral("missing")}.within(Text::fromUtf8(field.key));
+            return assign<Member>(record, field, {*element, document});
         }
     }
 
@@ -106,7 +106,7 @@ private:
     {
         auto value = Codec<Value>::read(element);
         if (!value)
-            return value.refusal().within(toString(field.key));
+            return value.refusal().within(Text::fromUtf8(field.key));
         record.*field.member = std::move(*value);
         return {};
     }
@@ -119,9 +119,9 @@ private:
         if constexpr (IsOptional<Member>::value) {
             if (member)
                 object.insert(
-                    toString(field.key), Codec<typename Member::value_type>::write(*member));
+                    Text::fromUtf8(field.key), Codec<typename Member::value_type>::write(*member));
         } else {
-            object.insert(toString(field.key), Codec<Member>::write(member));
+            object.insert(Text::fromUtf8(field.key), Codec<Member>::write(member));
         }
     }
 };

@@ -33,7 +33,7 @@ QByteArray expected(const std::vector<MirkpadItem>& notes)
         list.append(QJsonObject{
             {u"id"_s, note.id.toString(QUuid::WithoutBraces).toUpper()},
             {u"title"_s, note.title},
-            {u"content"_s, note.content},
+            {u"content"_s, note.content.text()},
             {u"createdAt"_s, QString::fromLatin1(formatTimestamp(note.createdAt))},
             {u"updatedAt"_s, QString::fromLatin1(formatTimestamp(note.updatedAt))},
         });
@@ -95,8 +95,8 @@ TEST(NotesEncoder, oneFieldChanged_writtenAnew)
     const std::vector<std::function<void(MirkpadItem&)>> changes{
         [](MirkpadItem& item) { item.id = QUuid::createUuid(); },
         [](MirkpadItem& item) { item.title = u"Title!"_s; },
-        [](MirkpadItem& item) { item.content[0] = u'x'; },
-        [](MirkpadItem& item) { item.content.chop(1); },
+        [](MirkpadItem& item) { item.content = u'x' + item.content.text().sliced(1); },
+        [](MirkpadItem& item) { item.content = item.content.text().chopped(1); },
         [](MirkpadItem& item) { item.createdAt += 1s; },
         [](MirkpadItem& item) { item.updatedAt += 1s; },
     };
@@ -127,7 +127,7 @@ TEST(NotesEncoder, anySequenceOfChanges_sameBytesAsInOneGo)
             break;
         case 3:
             if (place != notes.end())
-                place->content += QString::number(step);
+                place->content = place->content.text() + QString::number(step);
             break;
         case 4:
             // The same note twice: equal neighbors must not be counted for both ends.
