@@ -18,8 +18,6 @@ namespace {
 constexpr int horizontalBend = 64;
 constexpr int verticalBend = 76;
 
-const QColor fill = QColor::fromRgbF(0, 0, 0, CardPatch::fillOpacity);
-
 int pixels(double points, double ratio)
 {
     return static_cast<int>(std::lround(points * ratio));
@@ -36,6 +34,16 @@ QSize pixels(const QSize& points, double ratio)
     return {pixels(points.width(), ratio), pixels(points.height(), ratio)};
 }
 
+/// `ratio` units thick.
+void paintLine(QPainter& painter, const QRectF& card, const QColor& color, double ratio)
+{
+    const double half = ratio / 2;
+    const QPainterPath line =
+        cardShape(card.adjusted(half, half, -half, -half), CardPatch::cornerRadius * ratio - half);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawInBands(painter, card, [&] { painter.strokePath(line, QPen(color, ratio)); });
+}
+
 /// The edges of the three parts of a length: two keep their size, the middle one is stretched.
 std::array<int, 4> cuts(int length, int drawn)
 {
@@ -44,14 +52,15 @@ std::array<int, 4> cuts(int length, int drawn)
 
 } // namespace
 
-void CardPatch::paint(QPainter& painter, const QSize& size, double nextRatio)
+void CardPatch::paint(
+    QPainter& painter, const QSize& size, double nextRatio, const CardColors& nextColors)
 {
     const QSize card = size.shrunkBy(cardShadowReach());
     if (card.isEmpty())
         return;
     const QSize smallest = card.boundedTo({2 * horizontalBend + 2, 2 * verticalBend + 2});
-    if (smallest != drawnCard || nextRatio != ratio)
-        draw(smallest, nextRatio);
+    if (smallest != drawnCard || nextRatio != ratio || nextColors != colors)
+        draw(smallest, nextRatio, nextColors);
 
     // In the device's own pixels, so that no seam shows between the parts at a fractional ratio.
     painter.save();
@@ -69,17 +78,18 @@ void CardPatch::paint(QPainter& painter, const QSize& size, double nextRatio)
         const QRect from(QPoint(fromX[column], fromY[line]),
             QPoint(fromX[column + 1], fromY[line + 1]) - QPoint(1, 1));
         if (part == 4)
-            drawInBands(painter, to, [&] { painter.fillRect(to, fill); });
+            drawInBands(painter, to, [&] { painter.fillRect(to, colors.fill); });
         else
             painter.drawPixmap(to, pixmap, from);
     }
     painter.restore();
 }
 
-void CardPatch::draw(const QSize& cardSize, double nextRatio)
+void CardPatch::draw(const QSize& cardSize, double nextRatio, const CardColors& nextColors)
 {
     drawnCard = cardSize;
     ratio = nextRatio;
+    colors = nextColors;
     const QMargins reach = cardShadowReach();
     pixmap = QPixmap(pixels(cardSize.grownBy(reach), ratio));
     pixmap.fill(Qt::transparent);
@@ -95,19 +105,16 @@ void CardPatch::draw(const QSize& cardSize, double nextRatio)
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
         painter.fillPath(shape, Qt::black);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.fillPath(shape, fill);
+        painter.fillPath(shape, colors.fill);
     });
-    paintStroke(painter, card, ratio);
+    paintLine(painter, card, colors.line, ratio);
 }
 
-void CardPatch::paintStroke(QPainter& painter, const QRectF& card, double ratio)
+void CardPatch::paintOpaque(QPainter& painter, const QSize& size, const CardColors& colors)
 {
-    const double half = ratio / 2;
-    const QColor white = QColor::fromRgbF(1, 1, 1, strokeOpacity);
-    const QPainterPath line =
-        cardShape(card.adjusted(half, half, -half, -half), cornerRadius * ratio - half);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawInBands(painter, card, [&] { painter.strokePath(line, QPen(white, ratio)); });
+    const QRect card(QPoint(), size);
+    drawInBands(painter, card, [&] { painter.fillRect(card, colors.fill); });
+    paintLine(painter, card, colors.line, 1);
 }
 
 } // namespace sablequill

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QPixmap>
 #include <QSize>
 
@@ -8,27 +9,35 @@ class QPainter;
 
 namespace sablequill {
 
+struct CardColors {
+    QColor fill;
+    /// The line along the inside of the edge.
+    QColor line;
+
+    bool operator==(const CardColors&) const = default;
+};
+
 /// The card with its shadow, drawn once at the smallest size that holds all of its corners; the
 /// rest is stretched. So a resize draws nothing anew.
 class CardPatch {
 public:
-    static constexpr int cornerRadius = 14;
-    static constexpr float fillOpacity = 0.72F;
-    static constexpr float strokeOpacity = 0.14F;
+    static constexpr int cornerRadius = 14; ///< points
 
     /// Fills `size` (points, the painter's origin at its top left): the reach of the shadow on each
     /// side, and between them the card. `ratio` is the device's pixels per point.
-    void paint(QPainter& painter, const QSize& size, double ratio);
+    void paint(QPainter& painter, const QSize& size, double ratio, const CardColors& colors);
 
-    /// The line along the inside of the card's edge; `ratio` units thick.
-    static void paintStroke(QPainter& painter, const QRectF& card, double ratio);
+    /// A card of that size where nothing translucent can be shown: no shadow, and full corners,
+    /// which the window's shape cuts off.
+    static void paintOpaque(QPainter& painter, const QSize& size, const CardColors& colors);
 
 private:
-    void draw(const QSize& cardSize, double ratio);
+    void draw(const QSize& cardSize, double ratio, const CardColors& colors);
 
     QPixmap pixmap;
     QSize drawnCard;
     double ratio = 0;
+    CardColors colors;
 };
 
 } // namespace sablequill

@@ -46,13 +46,12 @@ QPainterPath OverlayChrome::shapeIn(const QWidget& widget)
 
 void OverlayChrome::paintEvent(QPaintEvent*)
 {
+    const QColor line = QColor::fromRgbF(1, 1, 1, 0.14F);
     QPainter painter(this);
-    if (isComposited) {
-        patch.paint(painter, size(), devicePixelRatioF());
-        return;
-    }
-    painter.fillRect(rect(), palette().color(QPalette::Window));
-    CardPatch::paintStroke(painter, rect(), 1);
+    if (isComposited)
+        patch.paint(painter, size(), devicePixelRatioF(), {QColor::fromRgbF(0, 0, 0, 0.72F), line});
+    else
+        CardPatch::paintOpaque(painter, size(), {palette().color(QPalette::Window), line});
 }
 
 QRect OverlayChrome::card() const

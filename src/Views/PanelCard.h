@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CardPatch.h"
 #include "PanelContent.h"
 
-#include <QPixmap>
 #include <QWidget>
 
 namespace sablequill {
@@ -25,15 +25,11 @@ public:
     void setComposited(bool isComposited) override;
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPixmap drawn() const;
-
     QWidget* content;
-    /// The card with its shadow as last drawn.
-    QPixmap picture;
+    CardPatch patch;
     bool isComposited = true;
 };
 
