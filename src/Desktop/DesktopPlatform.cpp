@@ -8,6 +8,10 @@
 namespace sablequill {
 namespace {
 
+/// Seconds in which the overlay, which looks the same in both color schemes, is painted before
+/// anybody waits for the session bus.
+constexpr double headStart = 0.03;
+
 /// What is said to a window manager about a window. This program hears it too, as it watches the
 /// root, and the toolkit prints a line about each of these that is about a window of its own.
 constexpr std::string_view messages[] = {"_KDE_WM_CHANGE_STATE", "_NET_CLOSE_WINDOW",
@@ -29,9 +33,9 @@ std::function<bool(const xcb_generic_event_t&)> managerMessages(const XServer& s
 DesktopPlatform::DesktopPlatform()
     : unheard(managerMessages(server))
 {
-    const auto bus = sessionBus();
-    if (bus && session.isWayland && !session.hyprlandSocket)
-        kwinPin.emplace(*bus);
+    if (compositorBus && !session.hyprlandSocket)
+        kwinPin.emplace(*compositorBus);
+    mainQueue.after(headStart, [this] { colorScheme.start(); });
 }
 
 bool DesktopPlatform::isAvailable()

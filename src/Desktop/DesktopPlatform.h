@@ -31,13 +31,16 @@ public:
     Platform platform();
 
     QtApplication application;
-    DesktopStatusItem statusItem{sessionBus()};
+    DesktopStatusItem statusItem{sessionBus};
     PortalColorScheme colorScheme;
 
 private:
     XServer server;
     const Session session = Session::of(server);
-    const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(session, sessionBus());
+    /// In a Wayland session, if there is one.
+    const std::optional<QDBusConnection> compositorBus =
+        session.isWayland ? sessionBus() : std::nullopt;
+    const std::unique_ptr<CaptureShield> shield = CaptureShield::forSession(session, compositorBus);
     const Veils veils{*shield};
     /// Keeps from the toolkit what is not for this program.
     XEventFilter unheard;

@@ -19,7 +19,7 @@ constexpr unsigned preferDark = 1;
 
 } // namespace
 
-PortalColorScheme::PortalColorScheme()
+void PortalColorScheme::start()
 {
     std::optional<QDBusConnection> bus = sessionBus();
     if (!bus)

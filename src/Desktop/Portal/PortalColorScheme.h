@@ -16,7 +16,8 @@ class PortalColorScheme final : public ColorScheme {
     Q_OBJECT
 
 public:
-    PortalColorScheme();
+    /// Begins to follow; light until then.
+    void start();
 
 private Q_SLOTS:
     void settingChanged(const QDBusMessage& signal);

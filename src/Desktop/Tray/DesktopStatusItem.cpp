@@ -5,8 +5,8 @@
 
 namespace sablequill {
 
-DesktopStatusItem::DesktopStatusItem(std::optional<QDBusConnection> bus)
-    : bus(std::move(bus))
+DesktopStatusItem::DesktopStatusItem(BusSource busSource)
+    : busSource(std::move(busSource))
 {
 }
 
@@ -14,27 +14,26 @@ void DesktopStatusItem::show(StatusItemDescription description)
 {
     xembed = std::make_unique<XEmbedItem>(description.title, description.icon);
     connect(xembed.get(), &XEmbedItem::activated, this, [this] { onActivated(anchor()); });
-    // The toolkit cannot follow anybody on a bus that has ended since the start.
-    if (bus && bus->isConnected())
-        showOnBus(description);
+    if (const auto bus = busSource())
+        showOnBus(description, *bus);
     else
         xembed->show();
     onActivated = std::move(description.onActivated);
 }
 
-void DesktopStatusItem::showOnBus(const StatusItemDescription& description)
+void DesktopStatusItem::showOnBus(const StatusItemDescription& description, QDBusConnection bus)
 {
     menu = std::make_unique<DBusMenu>(description.menu);
-    menu->exportOn(*bus);
+    menu->exportOn(bus);
 
     notifierItem =
         std::make_unique<StatusNotifierItem>(description.title, description.icon, DBusMenu::path());
-    notifierItem->exportOn(*bus);
+    notifierItem->exportOn(bus);
     // The host gets its answer before the program begins to work.
     connect(notifierItem.get(), &StatusNotifierItem::activated, this, &DesktopStatusItem::clicked,
         Qt::QueuedConnection);
 
-    watcher = std::make_unique<StatusNotifierWatcherLink>(*bus, StatusNotifierItem::path());
+    watcher = std::make_unique<StatusNotifierWatcherLink>(bus, StatusNotifierItem::path());
     connect(watcher.get(), &StatusNotifierWatcherLink::hostChanged, this,
         &DesktopStatusItem::followHost);
     watcher->start();

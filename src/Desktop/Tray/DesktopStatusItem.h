@@ -6,6 +6,7 @@
 #include "StatusNotifierWatcherLink.h"
 #include "XEmbedItem.h"
 
+#include <functional>
 #include <optional>
 
 namespace sablequill {
@@ -15,8 +16,11 @@ namespace sablequill {
 /// that is known of, and gets no second icon beside it.
 class DesktopStatusItem final : public QObject, public StatusItem {
 public:
-    /// Without a bus there are only XEmbed status areas.
-    explicit DesktopStatusItem(std::optional<QDBusConnection> bus);
+    using BusSource = std::function<std::optional<QDBusConnection>()>;
+
+    /// The source is asked when the item is shown. Without a bus there are only XEmbed status
+    /// areas.
+    explicit DesktopStatusItem(BusSource busSource);
 
     void show(StatusItemDescription description) override;
     /// A StatusNotifier host tells it with each click only: the last one counts until the host
@@ -24,11 +28,11 @@ public:
     StatusItemAnchor anchor() const override;
 
 private:
-    void showOnBus(const StatusItemDescription& description);
+    void showOnBus(const StatusItemDescription& description, QDBusConnection bus);
     void followHost();
     void clicked(QPoint place);
 
-    std::optional<QDBusConnection> bus;
+    BusSource busSource;
     std::function<void(const StatusItemAnchor& anchor)> onActivated;
     StatusItemAnchor lastClick;
     std::unique_ptr<XEmbedItem> xembed;

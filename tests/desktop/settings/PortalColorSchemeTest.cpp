@@ -27,6 +27,7 @@ TEST_F(PortalColorSchemeTest, prefersDark_portalChangesItsMind_follows)
 {
     Appearance desktop(address);
     PortalColorScheme scheme;
+    scheme.start();
     EXPECT_FALSE(scheme.prefersDark.get());
     for (const auto wanted : {Appearance::dark, Appearance::light, Appearance::dark}) {
         desktop.prefer(wanted);
@@ -40,6 +41,7 @@ TEST_F(PortalColorSchemeTest, prefersDark_anotherSettingChanges_stays)
 {
     Appearance desktop(address, Appearance::dark);
     PortalColorScheme scheme;
+    scheme.start();
     EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
     desktop.changeContrast();
     EXPECT_TRUE(runWhile([&] { return scheme.prefersDark.get(); }, Milliseconds(100)));
@@ -48,6 +50,7 @@ TEST_F(PortalColorSchemeTest, prefersDark_anotherSettingChanges_stays)
 TEST_F(PortalColorSchemeTest, prefersDark_portalComesLater_asksIt)
 {
     PortalColorScheme scheme;
+    scheme.start();
     EXPECT_TRUE(runWhile([&] { return !scheme.prefersDark.get(); }, Milliseconds(100)));
     const Appearance desktop(address, Appearance::dark);
     EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
@@ -57,6 +60,7 @@ TEST_F(PortalColorSchemeTest, prefersDark_portalRestartsWithAnotherAnswer_follow
 {
     auto desktop = std::make_unique<Appearance>(address, Appearance::dark);
     PortalColorScheme scheme;
+    scheme.start();
     EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));
     desktop.reset();
     desktop = std::make_unique<Appearance>(address, Appearance::light);
@@ -66,6 +70,7 @@ TEST_F(PortalColorSchemeTest, prefersDark_portalRestartsWithAnotherAnswer_follow
 TEST_F(PortalColorSchemeTest, prefersDark_changesAsThePortalComes_follows)
 {
     PortalColorScheme scheme;
+    scheme.start();
     Appearance desktop(address);
     desktop.prefer(Appearance::dark);
     EXPECT_TRUE(runUntil([&] { return scheme.prefersDark.get(); }));

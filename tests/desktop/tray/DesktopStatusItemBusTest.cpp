@@ -34,7 +34,7 @@ protected:
 
     bool isQuit = false;
     std::vector<StatusItemAnchor> anchors;
-    DesktopStatusItem item{program.get()};
+    DesktopStatusItem item{[this] { return std::optional(program.get()); }};
 };
 
 /// Points, bottom-left origin, of a place in the toolkit's coordinates.

@@ -89,7 +89,7 @@ protected:
     Mouse mouse{x};
     BusConnection program{busAddress};
     std::vector<StatusItemAnchor> anchors;
-    DesktopStatusItem item{program.get()};
+    DesktopStatusItem item{[this] { return std::optional(program.get()); }};
 };
 
 TEST_F(DesktopStatusItemTest, show_statusArea_docksTheIcon)
@@ -114,7 +114,7 @@ TEST_F(DesktopStatusItemTest, show_noStatusArea_hasNoAnchorAndIsSilent)
 TEST_F(DesktopStatusItemTest, show_noBus_docksTheIcon)
 {
     const auto area = startStatusArea();
-    DesktopStatusItem withoutBus(std::nullopt);
+    DesktopStatusItem withoutBus([] { return std::nullopt; });
     withoutBus.show(description());
     EXPECT_TRUE(runUntil([&] { return withoutBus.anchor().has_value(); }));
 }
