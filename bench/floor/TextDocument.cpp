@@ -37,7 +37,7 @@ void loadAndLayOut(const sablequill::AttributedString& note)
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     for (const sablequill::Run& run : note.runs)
-        cursor.insertText(run.text, format(run.attributes));
+        cursor.insertText(note.textOf(run).toString(), format(run.attributes));
     cursor.endEditBlock();
     document.setTextWidth(textWidth);
     // Asking for the size lays everything out.

@@ -1,32 +1,33 @@
 // SPDX-License-Identifier: MIT
 #include "AttributedString.h"
 
-#include <utility>
-
 namespace sablequill {
 
-void AttributedString::append(QString text, const RunAttributes& attributes)
+void appendRun(std::vector<Run>& runs, const Run& run)
 {
-    if (text.isEmpty())
+    if (run.length == 0)
         return;
-    if (!runs.empty() && runs.back().attributes == attributes)
-        runs.back().text += text;
+    if (!runs.empty() && runs.back().attributes == run.attributes)
+        runs.back().length += run.length;
     else
-        runs.push_back({std::move(text), attributes});
+        runs.push_back(run);
+}
+
+void AttributedString::append(QStringView part, const RunAttributes& attributes)
+{
+    appendRun(runs, {text.size(), part.size(), attributes});
+    text += part;
 }
 
 void AttributedString::append(const AttributedString& other)
 {
     for (const Run& run : other.runs)
-        append(run.text, run.attributes);
+        append(other.textOf(run), run.attributes);
 }
 
-QString AttributedString::text() const
+QStringView AttributedString::textOf(const Run& run) const
 {
-    QString whole;
-    for (const Run& run : runs)
-        whole += run.text;
-    return whole;
+    return QStringView(text).sliced(run.start, run.length);
 }
 
 } // namespace sablequill

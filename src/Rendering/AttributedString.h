@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 #include <cstdint>
 #include <optional>
@@ -41,22 +42,28 @@ struct RunAttributes {
     bool operator==(const RunAttributes&) const = default;
 };
 
+/// A part of a text, in UTF-16 units.
 struct Run {
-    QString text;
+    qsizetype start = 0;
+    qsizetype length = 0;
     RunAttributes attributes = {};
 
     bool operator==(const Run&) const = default;
 };
 
-/// Text in runs of equal attributes, in reading order. What `append` built has no empty run and no
-/// two neighbors with equal attributes.
+/// Adds a run that begins where the last one ends. Lengthens that one when the attributes are the
+/// same; an empty run changes nothing.
+void appendRun(std::vector<Run>& runs, const Run& run);
+
+/// A text and the runs that it is made of, in reading order. What was appended has no empty run and
+/// no two neighbors with equal attributes.
 struct AttributedString {
+    QString text;
     std::vector<Run> runs;
 
-    /// Lengthens the last run when its attributes are the same; empty text changes nothing.
-    void append(QString text, const RunAttributes& attributes = {});
+    void append(QStringView part, const RunAttributes& attributes = {});
     void append(const AttributedString& other);
-    QString text() const;
+    QStringView textOf(const Run& run) const;
 
     bool operator==(const AttributedString&) const = default;
 };

@@ -8,6 +8,7 @@
 #include <QStringEncoder>
 
 #include <string_view>
+#include <utility>
 
 namespace sablequill::InlineMarkdown {
 namespace {
@@ -20,10 +21,11 @@ public:
     explicit Reader(std::string_view text)
         : stepsPerByte(stepBudget / static_cast<double>(text.size()))
     {
+        result.text.reserve(text.size());
         readWhole(text);
     }
 
-    AttributedString result;
+    Utf8Runs result;
 
 private:
     bool isAffordable(std::string_view text) const
@@ -54,10 +56,12 @@ private:
 
     void readSingleLine(std::string_view text)
     {
-        if (isAffordable(text))
+        if (isAffordable(text)) {
             appendRuns(text, result);
-        else
-            appendPlain(text, {}, result);
+        } else {
+            result.text += text;
+            result.endRun({});
+        }
     }
 
     double stepsPerByte;
@@ -73,7 +77,8 @@ std::optional<AttributedString> read(const QString& text)
     const QByteArray utf8 = encoder(text);
     if (encoder.hasError())
         return {};
-    return Reader(std::string_view(utf8.constData(), static_cast<std::size_t>(utf8.size()))).result;
+    Reader reader({utf8.constData(), static_cast<std::size_t>(utf8.size())});
+    return std::move(reader.result).decoded();
 }
 
 } // namespace sablequill::InlineMarkdown

@@ -4,8 +4,6 @@
 #include "InlineLine.h"
 #include "ParserMemory.h"
 
-#include <QStringDecoder>
-
 #include <cmark-gfm-core-extensions.h>
 #include <cmark-gfm-extension_api.h>
 #include <cmark-gfm.h>
@@ -33,9 +31,6 @@ cmark_node* parse(const std::string& line, const ParserMemory& memory)
     return cmark_parser_finish(parser);
 }
 
-/// QString::fromUtf8 drops it from the start of what it decodes.
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 /// Without one space at each end when both are spaces and something else is between them.
 std::string_view strippedCode(std::string_view code)
 {
@@ -47,7 +42,7 @@ std::string_view strippedCode(std::string_view code)
 /// Turns the nodes of one line into runs.
 class TreeWalker {
 public:
-    TreeWalker(const InlineLine& line, AttributedString& out)
+    TreeWalker(const InlineLine& line, Utf8Runs& out)
         : line(line)
         , out(out)
     {
@@ -79,7 +74,7 @@ private:
             break;
         case CMARK_NODE_HTML_INLINE:
             use(InlinePresentationIntent::inlineHTML);
-            line.appendVerbatim(cmark_node_get_literal(node), pending);
+            line.appendVerbatim(cmark_node_get_literal(node), out.text);
             break;
         case CMARK_NODE_LINK:
             links.push_back(destination(node));
@@ -121,7 +116,7 @@ private:
             isBehindGuard = true;
         }
         use(0);
-        line.appendText(literal, pending);
+        line.appendText(literal, out.text);
     }
 
     /// From the line itself: the node's own literal has lost the spaces at its ends.
@@ -129,70 +124,51 @@ private:
     {
         const auto first = static_cast<std::size_t>(cmark_node_get_start_column(node)) - 1;
         const auto end = static_cast<std::size_t>(cmark_node_get_end_column(node));
-        std::string typed;
-        line.appendVerbatim(std::string_view(line.bytes()).substr(first, end - first), typed);
+        const auto code = std::string_view(line.bytes()).substr(first, end - first);
         use(InlinePresentationIntent::code);
-        pending += strippedCode(typed);
+        line.appendVerbatim(strippedCode(code), out.text);
     }
 
-    /// What is pending goes out when the next piece has other attributes.
+    /// The attributes of what is written next.
     void use(std::uint32_t ownIntent)
     {
-        RunAttributes attributes;
-        attributes.inlinePresentationIntent = ownIntent
+        const std::uint32_t intent = ownIntent
             | (strongDepth > 0 ? InlinePresentationIntent::stronglyEmphasized : 0)
             | (emphasisDepth > 0 ? InlinePresentationIntent::emphasized : 0)
             | (strikethroughDepth > 0 ? InlinePresentationIntent::strikethrough : 0);
-        if (!links.empty())
-            attributes.link = links.back();
-        if (attributes == pendingAttributes)
+        const QString& link = links.back();
+        if (intent == attributes.inlinePresentationIntent && link == attributes.link)
             return;
-        flush();
-        pendingAttributes = std::move(attributes);
-    }
-
-    void flush()
-    {
-        appendPlain(pending, pendingAttributes, out);
-        pending.clear();
+        out.endRun(attributes);
+        attributes.inlinePresentationIntent = intent;
+        attributes.link = link;
     }
 
     /// The guard at the end is the end of the last text: nothing in the line can take it in.
     void finish()
     {
-        pending.resize(pending.size() - InlineLine::guardSize());
-        flush();
+        out.text.resize(out.text.size() - InlineLine::guardSize());
+        out.endRun(attributes);
     }
 
     const InlineLine& line;
-    AttributedString& out;
+    Utf8Runs& out;
     int strongDepth = 0;
     int emphasisDepth = 0;
     int strikethroughDepth = 0;
-    std::vector<QString> links;
+    /// Destinations of those around the current node, behind an empty one.
+    std::vector<QString> links{QString()};
     bool isBehindGuard = false;
-    std::string pending;
-    RunAttributes pendingAttributes;
+    RunAttributes attributes;
 };
 
 } // namespace
 
-void appendRuns(std::string_view text, AttributedString& out)
+void appendRuns(std::string_view text, Utf8Runs& out)
 {
     const InlineLine line(text);
     const ParserMemory memory;
     TreeWalker(line, out).walk(parse(line.bytes(), memory));
-}
-
-void appendPlain(std::string_view text, const RunAttributes& attributes, AttributedString& out)
-{
-    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
-    if (!text.starts_with(byteOrderMark)) {
-        out.append(QString::fromUtf8(bytes), attributes);
-        return;
-    }
-    QStringDecoder keepingMark(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    out.append(keepingMark(bytes), attributes);
 }
 
 } // namespace sablequill::InlineMarkdown

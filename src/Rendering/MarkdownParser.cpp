@@ -41,13 +41,13 @@ AttributedString parseLine(QStringView line, double fontSize)
     if (trimmed.startsWith(largeHeadingPrefix)) {
         const RunAttributes font =
             systemFont(fontSize + largeHeadingAddition, FontWeight::semibold);
-        result.append(trimmed.sliced(largeHeadingPrefix.size()).toString(),
-            colored(font, SemanticColor::primary));
+        result.append(
+            trimmed.sliced(largeHeadingPrefix.size()), colored(font, SemanticColor::primary));
     } else if (trimmed.startsWith(smallHeadingPrefix)) {
-        result.append(trimmed.sliced(smallHeadingPrefix.size()).toString(),
+        result.append(trimmed.sliced(smallHeadingPrefix.size()),
             systemFont(fontSize + smallHeadingAddition, FontWeight::semibold));
     } else if (isBullet(trimmed)) {
-        result.append(bullet.toString(), colored(systemFont(fontSize), SemanticColor::secondary));
+        result.append(bullet, colored(systemFont(fontSize), SemanticColor::secondary));
         result.append(parseInline(trimmed.sliced(bulletPrefixes[0].size()), fontSize));
     } else {
         result.append(parseInline(line, fontSize));
@@ -84,7 +84,7 @@ AttributedString manualParse(const QString& text, double fontSize)
     bool isFirst = true;
     while (const auto line = lines.next()) {
         if (!isFirst)
-            result.append(QStringLiteral("\n"));
+            result.append(u"\n");
         isFirst = false;
         result.append(parseLine(*line, fontSize));
     }
@@ -101,13 +101,13 @@ AttributedString parseInline(QStringView text, double fontSize)
         const qsizetype closing =
             opening < 0 ? -1 : remaining.indexOf(boldDelimiter, opening + boldDelimiter.size());
         if (closing < 0) {
-            result.append(remaining.toString(), regular);
+            result.append(remaining, regular);
             break;
         }
         const qsizetype start = opening + boldDelimiter.size();
-        result.append(remaining.first(opening).toString(), regular);
-        result.append(remaining.sliced(start, closing - start).toString(),
-            systemFont(fontSize, FontWeight::bold));
+        result.append(remaining.first(opening), regular);
+        result.append(
+            remaining.sliced(start, closing - start), systemFont(fontSize, FontWeight::bold));
         remaining = remaining.sliced(closing + boldDelimiter.size());
     }
     return result;

@@ -61,7 +61,7 @@ QTextCharFormat format(const RunAttributes& attributes)
 NoteDocument makeNoteDocument(const AttributedString& note, double fontSize, double padding)
 {
     NoteDocument made{
-        std::make_unique<QTextDocument>(), ShownText(ShownText::hasManyLines(note.text()))};
+        std::make_unique<QTextDocument>(), ShownText(ShownText::hasManyLines(note.text))};
     QTextDocument& document = *made.document;
     document.setUndoRedoEnabled(false);
     document.setDefaultFont(font({fontSize}));
@@ -70,7 +70,7 @@ NoteDocument makeNoteDocument(const AttributedString& note, double fontSize, dou
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     for (const Run& run : note.runs)
-        cursor.insertText(made.text.append(run.text), format(run.attributes));
+        cursor.insertText(made.text.append(note.textOf(run)), format(run.attributes));
     cursor.endEditBlock();
     return made;
 }

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "AttributedString.h"
 
+#include "RunPieces.h"
+
 #include <gtest/gtest.h>
 
 namespace sablequill {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Runs = std::vector<Run>;
+using test::pieces;
+using test::Pieces;
 
 RunAttributes withIntent(std::uint32_t intent)
 {
@@ -28,8 +31,8 @@ TEST(AttributedString, append_otherAttributes_addsARun)
     AttributedString string;
     string.append(u"a"_s);
     string.append(u"b"_s, withIntent(InlinePresentationIntent::code));
-    const Runs expected{{u"a"_s}, {u"b"_s, withIntent(InlinePresentationIntent::code)}};
-    EXPECT_EQ(string.runs, expected);
+    const Pieces expected{{u"a"_s}, {u"b"_s, withIntent(InlinePresentationIntent::code)}};
+    EXPECT_EQ(pieces(string), expected);
 }
 
 TEST(AttributedString, append_equalAttributes_lengthensTheRun)
@@ -37,7 +40,7 @@ TEST(AttributedString, append_equalAttributes_lengthensTheRun)
     AttributedString string;
     string.append(u"a"_s, withFont(16, FontWeight::bold));
     string.append(u"b"_s, withFont(16, FontWeight::bold));
-    EXPECT_EQ(string.runs, (Runs{{u"ab"_s, withFont(16, FontWeight::bold)}}));
+    EXPECT_EQ(pieces(string), (Pieces{{u"ab"_s, withFont(16, FontWeight::bold)}}));
 }
 
 TEST(AttributedString, append_eachDifference_keepsRunsApart)
@@ -63,7 +66,7 @@ TEST(AttributedString, append_emptyText_changesNothing)
     string.append(u"a"_s);
     string.append(u""_s, withIntent(InlinePresentationIntent::code));
     string.append(u"b"_s);
-    EXPECT_EQ(string.runs, (Runs{{u"ab"_s}}));
+    EXPECT_EQ(pieces(string), (Pieces{{u"ab"_s}}));
 }
 
 TEST(AttributedString, append_anotherString_mergesAtTheSeam)
@@ -74,17 +77,18 @@ TEST(AttributedString, append_anotherString_mergesAtTheSeam)
     second.append(u"b"_s);
     second.append(u"c"_s, withIntent(InlinePresentationIntent::code));
     first.append(second);
-    const Runs expected{{u"ab"_s}, {u"c"_s, withIntent(InlinePresentationIntent::code)}};
-    EXPECT_EQ(first.runs, expected);
+    const Pieces expected{{u"ab"_s}, {u"c"_s, withIntent(InlinePresentationIntent::code)}};
+    EXPECT_EQ(pieces(first), expected);
 }
 
-TEST(AttributedString, text_joinsTheRuns)
+TEST(AttributedString, textOf_eachRun_isItsPartOfTheText)
 {
     AttributedString string;
-    EXPECT_EQ(string.text(), QString());
     string.append(u"a\n"_s);
     string.append(u"b"_s, withIntent(InlinePresentationIntent::code));
-    EXPECT_EQ(string.text(), u"a\nb"_s);
+    EXPECT_EQ(string.text, u"a\nb"_s);
+    EXPECT_EQ(string.textOf(string.runs[0]), u"a\n"_s);
+    EXPECT_EQ(string.textOf(string.runs[1]), u"b"_s);
 }
 
 TEST(AttributedString, intents_haveTheNumbersOfTheirBits)

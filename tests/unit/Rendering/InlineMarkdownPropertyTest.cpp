@@ -3,6 +3,7 @@
 #include "InlineMarkdown.h"
 #include "MarkdownParser.h"
 #include "MarkdownParserPrivate.h"
+#include "RunPieces.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,8 @@ namespace sablequill {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Runs = std::vector<Run>;
+using test::Piece;
+using test::Pieces;
 
 constexpr std::uint32_t allIntents = InlinePresentationIntent::emphasized
     | InlinePresentationIntent::stronglyEmphasized | InlinePresentationIntent::code
@@ -43,12 +45,14 @@ bool isSubsequence(const QString& part, const QString& whole)
 /// What holds of every reading of every text.
 void expectWellBuilt(const AttributedString& string)
 {
-    for (std::size_t i = 0; i < string.runs.size(); ++i) {
-        const Run& run = string.runs[i];
-        EXPECT_FALSE(run.text.isEmpty());
-        EXPECT_TRUE(run.text.isValidUtf16());
-        EXPECT_EQ(run.attributes.inlinePresentationIntent & ~allIntents, 0U);
-        EXPECT_TRUE(i == 0 || run.attributes != string.runs[i - 1].attributes);
+    const Pieces pieces = test::pieces(string);
+    const Piece* before = nullptr;
+    for (const Piece& piece : pieces) {
+        EXPECT_FALSE(piece.text.isEmpty());
+        EXPECT_TRUE(piece.text.isValidUtf16());
+        EXPECT_EQ(piece.attributes.inlinePresentationIntent & ~allIntents, 0U);
+        EXPECT_TRUE(!before || piece.attributes != before->attributes);
+        before = &piece;
     }
 }
 
@@ -85,7 +89,7 @@ TEST(InlineMarkdownProperty, read_randomMarks_keepsLettersAndBreaksInOrder)
         ASSERT_TRUE(string);
         expectWellBuilt(*string);
         const QString typed = without(text, marks + u' ');
-        const QString kept = without(string->text(), marks + u' ');
+        const QString kept = without(string->text, marks + u' ');
         ASSERT_TRUE(isSubsequence(kept, typed)) << text.toStdString();
         if (!text.contains(u"]("_s)) {
             ASSERT_EQ(kept, typed) << text.toStdString();
@@ -99,7 +103,7 @@ TEST(InlineMarkdownProperty, read_randomWhitespace_keepsAllOfIt)
     RandomText texts(u"*_~[]<>!\\&;  \n\r\t\f\v\u2000\u205F\u3000ab"_s);
     for (int round = 0; round < rounds; ++round) {
         const QString text = texts.next();
-        ASSERT_EQ(without(InlineMarkdown::read(text)->text(), marks), without(text, marks))
+        ASSERT_EQ(without(InlineMarkdown::read(text)->text, marks), without(text, marks))
             << text.toStdString();
     }
 }
@@ -110,8 +114,8 @@ TEST(InlineMarkdownProperty, read_randomPlainText_isOneRun)
     RandomText texts(u"ab.,#-+=|>'\"(){}1  \n\r\t\f\v\u2000\u00e9\u2028"_s);
     for (int round = 0; round < rounds; ++round) {
         const QString text = texts.next();
-        const auto runs = InlineMarkdown::read(text)->runs;
-        ASSERT_EQ(runs, text.isEmpty() ? Runs{} : Runs{{text}});
+        const Pieces pieces = test::pieces(*InlineMarkdown::read(text));
+        ASSERT_EQ(pieces, text.isEmpty() ? Pieces{} : Pieces{{text}});
     }
 }
 
@@ -142,7 +146,7 @@ TEST(InlineMarkdownProperty, manualParse_randomStars_keepsAllElse)
         const QString text = u"|"_s + texts.next().replace(u'\n', u"\n|"_s);
         const AttributedString string = MarkdownParser::manualParse(text, 16);
         expectWellBuilt(string);
-        ASSERT_EQ(without(string.text(), u"*"_s), without(text, u"*"_s));
+        ASSERT_EQ(without(string.text, u"*"_s), without(text, u"*"_s));
     }
 }
 
@@ -169,7 +173,7 @@ TEST_P(HostileMarkdown, read_longText_endsAndKeepsTheLetters)
     ASSERT_TRUE(string);
     expectWellBuilt(*string);
     const QString ignored = marks + u" @:/?\"'"_s;
-    const QString kept = without(string->text(), ignored);
+    const QString kept = without(string->text, ignored);
     ASSERT_TRUE(isSubsequence(kept, without(text, ignored)));
     if (!text.contains(u"]("_s)) {
         ASSERT_EQ(kept, without(text, ignored));

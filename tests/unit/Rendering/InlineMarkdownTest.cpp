@@ -2,6 +2,7 @@
 #include "InlineMarkdown.h"
 
 #include "RunNotation.h"
+#include "RunPieces.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,6 @@ namespace sablequill {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Runs = std::vector<Run>;
 using namespace std::string_literals;
 
 struct ReadingCase {
@@ -234,7 +234,7 @@ TEST(InlineMarkdownCost, read_dearLine_staysLiteral)
     const QString dear = u"*a* [b](c) "_s.repeated(8000);
     const auto string = InlineMarkdown::read(dear);
     ASSERT_TRUE(string);
-    EXPECT_EQ(string->runs, (Runs{{dear}}));
+    EXPECT_EQ(test::pieces(*string), (test::Pieces{{dear}}));
 }
 
 TEST(InlineMarkdownCost, read_manySpansOfAnOrdinaryNote_areAllRead)

@@ -2,6 +2,7 @@
 #include "MarkdownParser.h"
 
 #include "MarkdownParserPrivate.h"
+#include "RunPieces.h"
 
 #include <gtest/gtest.h>
 
@@ -12,11 +13,13 @@ namespace sablequill {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Runs = std::vector<Run>;
+using test::Piece;
+using test::pieces;
+using test::Pieces;
 
 const QChar unpairedSurrogate(0xD800);
 
-Run styled(const QString& text, double size, FontWeight weight = FontWeight::regular,
+Piece styled(const QString& text, double size, FontWeight weight = FontWeight::regular,
     std::optional<SemanticColor> color = {})
 {
     RunAttributes attributes;
@@ -25,37 +28,37 @@ Run styled(const QString& text, double size, FontWeight weight = FontWeight::reg
     return {text, attributes};
 }
 
-Run withIntent(Run run, std::uint32_t intent)
+Piece withIntent(Piece piece, std::uint32_t intent)
 {
-    run.attributes.inlinePresentationIntent = intent;
-    return run;
+    piece.attributes.inlinePresentationIntent = intent;
+    return piece;
 }
 
-Run bold(const QString& text)
+Piece bold(const QString& text)
 {
     return styled(text, 16, FontWeight::bold);
 }
 
-const Run separator{u"\n"_s};
-const Run bullet = styled(u"  \u2022  "_s, 16, FontWeight::regular, SemanticColor::secondary);
+const Piece separator{u"\n"_s};
+const Piece bullet = styled(u"  \u2022  "_s, 16, FontWeight::regular, SemanticColor::secondary);
 
 TEST(MarkdownParser, attributedString_strong_isBoldAtTheBaseSize)
 {
-    const Runs expected{styled(u"Hello "_s, 16),
+    const Pieces expected{styled(u"Hello "_s, 16),
         withIntent(bold(u"world"_s), InlinePresentationIntent::stronglyEmphasized)};
-    EXPECT_EQ(MarkdownParser::attributedString(u"Hello **world**"_s, 16).runs, expected);
+    EXPECT_EQ(pieces(MarkdownParser::attributedString(u"Hello **world**"_s, 16)), expected);
 }
 
 TEST(MarkdownParser, attributedString_emphasis_isRegular)
 {
-    const Runs expected{withIntent(styled(u"hi"_s, 16), InlinePresentationIntent::emphasized)};
-    EXPECT_EQ(MarkdownParser::attributedString(u"*hi*"_s, 16).runs, expected);
+    const Pieces expected{withIntent(styled(u"hi"_s, 16), InlinePresentationIntent::emphasized)};
+    EXPECT_EQ(pieces(MarkdownParser::attributedString(u"*hi*"_s, 16)), expected);
 }
 
 TEST(MarkdownParser, attributedString_heading_staysLiteral)
 {
-    EXPECT_EQ(
-        MarkdownParser::attributedString(u"# Title"_s, 22).runs, (Runs{styled(u"# Title"_s, 22)}));
+    EXPECT_EQ(pieces(MarkdownParser::attributedString(u"# Title"_s, 22)),
+        (Pieces{styled(u"# Title"_s, 22)}));
 }
 
 TEST(MarkdownParser, attributedString_strongAmongOthers_isBoldAndKeepsItsIntents)
@@ -89,25 +92,28 @@ TEST(MarkdownParser, attributedString_unpairedSurrogate_fallsBack)
     const QString text = u"# A\n**b** *c* "_s + unpairedSurrogate;
     const auto string = MarkdownParser::attributedString(text, 16);
     EXPECT_EQ(string, MarkdownParser::manualParse(text, 16));
-    const Runs expected{styled(u"A"_s, 22, FontWeight::semibold, SemanticColor::primary), separator,
-        bold(u"b"_s), styled(u" *c* "_s + unpairedSurrogate, 16)};
-    EXPECT_EQ(string.runs, expected);
+    const Pieces expected{styled(u"A"_s, 22, FontWeight::semibold, SemanticColor::primary),
+        separator, bold(u"b"_s), styled(u" *c* "_s + unpairedSurrogate, 16)};
+    EXPECT_EQ(pieces(string), expected);
 }
 
 TEST(MarkdownParser, applyTypography_anyFontBefore_isReplaced)
 {
-    AttributedString string{{styled(u"a"_s, 30, FontWeight::semibold, SemanticColor::primary),
-        withIntent(styled(u"b"_s, 30), InlinePresentationIntent::stronglyEmphasized), {u"c"_s}}};
+    AttributedString string = test::joined({
+        styled(u"a"_s, 30, FontWeight::semibold, SemanticColor::primary),
+        withIntent(styled(u"b"_s, 30), InlinePresentationIntent::stronglyEmphasized),
+        {u"c"_s},
+    });
     MarkdownParser::applyTypography(string, 16);
-    const Runs expected{styled(u"a"_s, 16, FontWeight::regular, SemanticColor::primary),
+    const Pieces expected{styled(u"a"_s, 16, FontWeight::regular, SemanticColor::primary),
         withIntent(bold(u"b"_s), InlinePresentationIntent::stronglyEmphasized), styled(u"c"_s, 16)};
-    EXPECT_EQ(string.runs, expected);
+    EXPECT_EQ(pieces(string), expected);
 }
 
 struct ParsingCase {
     const char* name;
     QString text;
-    Runs runs;
+    Pieces runs;
 };
 
 constexpr auto rowName = [](const auto& info) { return std::string(info.param.name); };
@@ -121,15 +127,15 @@ class ManualParse : public testing::TestWithParam<ParsingCase> { };
 
 TEST_P(ManualParse, manualParse_row_givesTheseRuns)
 {
-    EXPECT_EQ(MarkdownParser::manualParse(GetParam().text, 16).runs, GetParam().runs);
+    EXPECT_EQ(pieces(MarkdownParser::manualParse(GetParam().text, 16)), GetParam().runs);
 }
 
-Run largeHeading(const QString& text)
+Piece largeHeading(const QString& text)
 {
     return styled(text, 22, FontWeight::semibold, SemanticColor::primary);
 }
 
-Run smallHeading(const QString& text)
+Piece smallHeading(const QString& text)
 {
     return styled(text, 19, FontWeight::semibold);
 }
@@ -190,7 +196,7 @@ class ParseInline : public testing::TestWithParam<ParsingCase> { };
 
 TEST_P(ParseInline, parseInline_row_givesTheseRuns)
 {
-    EXPECT_EQ(MarkdownParser::parseInline(GetParam().text, 16).runs, GetParam().runs);
+    EXPECT_EQ(pieces(MarkdownParser::parseInline(GetParam().text, 16)), GetParam().runs);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ParseInline,
@@ -219,7 +225,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, ParseInline,
 TEST(MarkdownParser, manualParse_megabyteOfStars_isRead)
 {
     const QString text = u"**"_s.repeated(500'001);
-    EXPECT_EQ(MarkdownParser::manualParse(text, 16).runs, (Runs{styled(u"**"_s, 16)}));
+    EXPECT_EQ(pieces(MarkdownParser::manualParse(text, 16)), (Pieces{styled(u"**"_s, 16)}));
 }
 
 } // namespace

@@ -32,7 +32,7 @@ std::string notation(const AttributedString& string)
 {
     std::string whole;
     for (const Run& run : string.runs)
-        whole += attributeNotation(run.attributes) + run.text.toStdString();
+        whole += attributeNotation(run.attributes) + string.textOf(run).toUtf8().toStdString();
     return whole;
 }
 

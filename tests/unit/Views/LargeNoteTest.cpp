@@ -90,7 +90,7 @@ TEST_P(LargeNoteTest, reading_anyText_keepsTheWindowAnswering)
     host(&view);
     for (const auto& [length, limit] : sizes) {
         AttributedString note;
-        note.runs = {{text(length), {}}};
+        note.append(text(length));
         const auto show = [&] {
             view.showNote(note, 16, false);
             view.viewport()->repaint();

@@ -68,8 +68,8 @@ TEST_F(NoteDocumentTest, inlineMarkdown_eachKind_looksLikeIt)
 TEST_F(NoteDocumentTest, styledRuns_sizeWeightAndColor_areTaken)
 {
     AttributedString note;
-    note.runs = {{u"big"_s, {RunFont{22, FontWeight::semibold}, SemanticColor::primary}},
-        {u"dim"_s, {RunFont{16, FontWeight::regular}, SemanticColor::secondary}}};
+    note.append(u"big"_s, {RunFont{22, FontWeight::semibold}, SemanticColor::primary});
+    note.append(u"dim"_s, {RunFont{16, FontWeight::regular}, SemanticColor::secondary});
     made = makeNoteDocument(note, 16, 14);
     EXPECT_EQ(fontOf(u"big"_s).pixelSize(), 22);
     EXPECT_EQ(fontOf(u"big"_s).weight(), QFont::DemiBold);
@@ -80,7 +80,7 @@ TEST_F(NoteDocumentTest, styledRuns_sizeWeightAndColor_areTaken)
 TEST_F(NoteDocumentTest, link_hostileDestination_isShownAsPlainTextOnly)
 {
     AttributedString note;
-    note.runs = {{u"click"_s, {{}, {}, 0, u"https://e.org/<b>"_s + QString(500, u'x')}}};
+    note.append(u"click"_s, {{}, {}, 0, u"https://e.org/<b>"_s + QString(500, u'x')});
     made = makeNoteDocument(note, 16, 14);
     EXPECT_FALSE(look(u"click"_s).toolTip().contains(u'<'));
     EXPECT_LT(look(u"click"_s).toolTip().size(), 300);
