@@ -3,7 +3,7 @@
 
 namespace sablequill {
 
-void appendRun(std::vector<Run>& runs, const Run& run)
+void appendRun(Runs& runs, const Run& run)
 {
     if (run.length == 0)
         return;

@@ -5,8 +5,8 @@
 #include <QStringView>
 
 #include <cstdint>
+#include <deque>
 #include <optional>
-#include <vector>
 
 namespace sablequill {
 
@@ -51,15 +51,18 @@ struct Run {
     bool operator==(const Run&) const = default;
 };
 
+/// A long note has tens of thousands, which a vector would move each time it grows.
+using Runs = std::deque<Run>;
+
 /// Adds a run that begins where the last one ends. Lengthens that one when the attributes are the
 /// same; an empty run changes nothing.
-void appendRun(std::vector<Run>& runs, const Run& run);
+void appendRun(Runs& runs, const Run& run);
 
 /// A text and the runs that it is made of, in reading order. What was appended has no empty run and
 /// no two neighbors with equal attributes.
 struct AttributedString {
     QString text;
-    std::vector<Run> runs;
+    Runs runs;
 
     void append(QStringView part, const RunAttributes& attributes = {});
     void append(const AttributedString& other);

@@ -3,6 +3,7 @@
 
 #include "CharacterSearch.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -56,8 +57,10 @@ std::uint64_t countDelimiterRuns(std::string_view text)
 {
     CharacterSearch delimiters(text, std::array{'*', '_', '~'});
     std::uint64_t found = 0;
-    for (std::size_t at = delimiters.next(0); at < text.size(); at = delimiters.next(at + 1))
-        found += at == 0 || text[at - 1] != text[at] ? 1 : 0;
+    for (std::size_t start = delimiters.next(0); start < text.size(); ++found) {
+        const std::size_t end = std::min(text.find_first_not_of(text[start], start), text.size());
+        start = delimiters.next(end);
+    }
     return found;
 }
 

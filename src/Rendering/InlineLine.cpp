@@ -237,8 +237,14 @@ void InlineLine::appendVerbatim(std::string_view literal, std::string& out) cons
 
 void InlineLine::append(std::string_view literal, HardBreak hardBreak, std::string& out) const
 {
+    std::size_t at = literal.find('\f');
+    // What nearly all literals are.
+    if (at == std::string_view::npos && formFeed.empty()) {
+        out += literal;
+        return;
+    }
     std::size_t start = 0;
-    for (std::size_t at = 0; (at = literal.find('\f', start)) != std::string_view::npos;) {
+    for (; at != std::string_view::npos; at = literal.find('\f', start)) {
         const std::size_t end = std::min(literal.find_first_not_of('\f', at), literal.size());
         const std::size_t count = end - at;
         const bool isBreak = at > start && literal[at - 1] == '\t' && count <= lineBreaks.size();

@@ -20,7 +20,7 @@ public:
     AttributedString decoded() &&;
 
 private:
-    std::vector<Run> runs; ///< In bytes.
+    Runs runs; ///< In bytes.
     qsizetype end = 0;
 };
 
