@@ -12,7 +12,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int notCounted = 1000;
+/// How often an action is repeated.
+struct Count {
+    int warmUp; ///< So many of all, after which nothing may grow.
+    int all;
+};
+constexpr Count keys{1000, 10'000};
+/// The history of what can be taken back is full after 25,000: it holds 1,000 edits, and 50
+/// characters that are typed and deleted again are two.
+constexpr Count characters{30'000, 100'000};
 
 /// What a program holds at one moment.
 struct Holdings {
@@ -53,9 +61,9 @@ public:
     Trial(const Trial&) = delete;
     Trial& operator=(const Trial&) = delete;
 
-    /// Does it so many times, in blocks after each of which the program is at rest, and compares
-    /// what it holds at the end with what it held after the first thousand.
-    void repeat(const std::string& what, int times, const std::function<void(int)>& action);
+    /// Does it so often, in blocks after each of which the program is at rest, and compares
+    /// what it holds at the end with what it held when it was warm.
+    void repeat(const std::string& what, Count times, const std::function<void(int)>& action);
     void shortcut(xcb_keycode_t key);
     void edit();
 
@@ -82,7 +90,7 @@ Holdings Trial::holdings() const
     const auto window = stage.overlay.window();
     if (!window)
         throw std::runtime_error("the overlay is gone");
-    return {ownMemory(program->pid()), resourcesOf(stage.x, *window),
+    return {writtenMemory(program->pid()), resourcesOf(stage.x, *window),
         pixmapBytesOf(stage.x, *window), openFiles(program->pid())};
 }
 
@@ -97,12 +105,12 @@ void Trial::rest() const
     require(isAtRest, "the program does not come to rest", 120s);
 }
 
-void Trial::repeat(const std::string& what, int times, const std::function<void(int)>& action)
+void Trial::repeat(const std::string& what, Count times, const std::function<void(int)>& action)
 {
     Holdings early;
-    for (int time = 1; time <= times; ++time) {
+    for (int time = 1; time <= times.all; ++time) {
         action(time);
-        if (time == notCounted) {
+        if (time == times.warmUp) {
             rest();
             early = holdings();
         } else if (time % 500 == 0) {
@@ -111,7 +119,7 @@ void Trial::repeat(const std::string& what, int times, const std::function<void(
     }
     rest();
     const Holdings late = holdings();
-    const std::string prefix = std::to_string(times) + ' ' + what + ": ";
+    const std::string prefix = std::to_string(times.all) + ' ' + what + ": ";
     // A hundredth of what it holds is what the allocator's own order may make of it.
     table.add({prefix + "memory", "MB", late.memory, early.memory, 1.01 * early.memory + 0.2,
         "no growth"});
@@ -144,17 +152,17 @@ void measureEndurance(Stage& stage, Table& table)
     const MemoryFolder inMemory;
     Trial trial(stage, table);
     // Some of them meet a fade that is still under way.
-    trial.repeat("toggles", 10'000, [&](int time) {
+    trial.repeat("toggles", keys, [&](int time) {
         trial.shortcut(KeyCode::g);
         pause(time % 10 < 2 ? 260ms : 12ms);
     });
-    trial.repeat("note switches", 10'000, [&](int) {
+    trial.repeat("note switches", keys, [&](int) {
         trial.shortcut(KeyCode::down);
         pause(12ms);
     });
     trial.edit();
     // What is typed is deleted again: a longer note is no leak.
-    trial.repeat("typed characters", 100'000, [&](int time) {
+    trial.repeat("typed characters", characters, [&](int time) {
         stage.keyboard.tap(KeyCode::m);
         if (time % 50 == 0)
             for (int count = 0; count < 50; ++count)

@@ -30,6 +30,11 @@ std::int64_t value(const fs::path& path, const std::string& name)
     throw std::runtime_error("no " + name + " in " + path.string());
 }
 
+double megabytes(pid_t process, const std::string& kind)
+{
+    return static_cast<double>(value(folderOf(process) / "smaps_rollup", kind)) * 1024 / 1e6;
+}
+
 } // namespace
 
 Activity activityOf(pid_t process)
@@ -61,7 +66,12 @@ std::int64_t wakeUpsBetween(const Activity& before, const Activity& after)
 
 double ownMemory(pid_t process)
 {
-    return static_cast<double>(value(folderOf(process) / "smaps_rollup", "Pss")) * 1024 / 1e6;
+    return megabytes(process, "Pss");
+}
+
+double writtenMemory(pid_t process)
+{
+    return megabytes(process, "Anonymous");
 }
 
 int openFiles(pid_t process)

@@ -24,6 +24,9 @@ std::int64_t wakeUpsBetween(const Activity& before, const Activity& after);
 Activity activityOf(pid_t process);
 /// Its private memory and, of what it shares, its own share ("Pss"), in MB of 1,000,000 bytes.
 double ownMemory(pid_t process);
+/// What it has written to of its memory ("Anonymous"), in the same unit. No other process has a
+/// part in this number.
+double writtenMemory(pid_t process);
 int openFiles(pid_t process);
 
 } // namespace sablequill
