@@ -16,6 +16,7 @@
 #include <QTextCursor>
 
 #include <algorithm>
+#include <utility>
 
 namespace sablequill {
 namespace {
@@ -46,6 +47,7 @@ NoteEditor::NoteEditor(EditBuffer& content)
     new OverlayScrollBar(this);
     connect(document(), &QTextDocument::contentsChange, this, &NoteEditor::takeOver);
     connect(document(), &QTextDocument::contentsChanged, this, &NoteEditor::recutLongBlock);
+    connect(document(), &QTextDocument::contentsChanged, this, &NoteEditor::announceEdit);
 }
 
 void NoteEditor::load()
@@ -72,8 +74,14 @@ void NoteEditor::takeOver(int position, int removed, int added)
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     if (const auto edit = content.shownChanged(position, removed, cursor.selectedText())) {
         history.record(*edit);
-        Q_EMIT edited();
+        isEditNew = true;
     }
+}
+
+void NoteEditor::announceEdit()
+{
+    if (!isShowing && std::exchange(isEditNew, false))
+        Q_EMIT edited();
 }
 
 void NoteEditor::recutLongBlock()

@@ -27,7 +27,7 @@ public:
     void redoEdit();
 
 Q_SIGNALS:
-    /// The user changed the buffer's text.
+    /// The user changed the buffer's text, and the document shows it.
     void edited();
 
 protected:
@@ -42,6 +42,7 @@ protected:
 private:
     void takeOver(int position, int removed, int added);
     void recutLongBlock();
+    void announceEdit();
     void replaceSelection(const QString& text);
     void make(const TextEdit& edit);
     void showEdit(const ShownEdit& edit);
@@ -51,6 +52,8 @@ private:
     EditHistory history;
     /// What the document is told to show is no news to the buffer.
     bool isShowing = false;
+    /// Taken over while the document still showed what was before.
+    bool isEditNew = false;
 };
 
 } // namespace sablequill

@@ -99,6 +99,8 @@ void OverlayView::connectControls()
     connect(editor, &NoteEditor::edited, this, [this] {
         if (!std::exchange(isTextViewStale, true))
             textView->dropNote();
+        // The picture first: the screen is made while the note is being written.
+        QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
         writeThrough();
     });
     // Whoever asks for the editor, or shows the overlay while it is in it, is going to type.

@@ -23,11 +23,12 @@ void FaultyProgramTest::startEditing(std::string_view text)
 void FaultyProgramTest::typeUnsaved(std::string_view keys)
 {
     for (const char key : keys) {
-        const QImage before = overlay.steadyPicture();
+        overlay.steadyPicture();
+        const QImage before = captureScreen(x, overlay.header());
         keyboard.type({&key, 1});
         typed += QLatin1Char(key);
-        EXPECT_TRUE(waitUntil([&] { return captureScreen(x, overlay.card()) != before; }))
-            << "the editor does not show " << key;
+        EXPECT_TRUE(waitUntil([&] { return captureScreen(x, overlay.header()) != before; }))
+            << "the header does not show " << key;
     }
 }
 

@@ -16,7 +16,8 @@ class FaultyProgramTest : public OverlayTest {
 protected:
     /// Opens the editor and makes the first note that text.
     void startEditing(std::string_view text);
-    /// Types keys that cannot be saved, and returns when the editor shows them.
+    /// Types keys that cannot be saved into the first line, and returns when the header shows them:
+    /// that comes after the try, unlike the editor's picture.
     void typeUnsaved(std::string_view keys);
     /// Types keys and waits for the whole of what was typed to be in the file.
     void typeSaved(std::string_view keys);

@@ -32,6 +32,12 @@ QImage Overlay::steadyPicture() const
     return captureSteadily(x, [this] { return card(); });
 }
 
+Area Overlay::header() const
+{
+    const auto area = card();
+    return {area.x, area.y, area.width, 2 * headerMiddle};
+}
+
 Point Overlay::headerBackground() const
 {
     const auto area = card();

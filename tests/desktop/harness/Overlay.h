@@ -19,6 +19,8 @@ public:
 
     // Places in the card, in the root's coordinates.
 
+    /// The bar with the note's title.
+    Area header() const;
     /// Between the header's title and its badge: background of the panel.
     Point headerBackground() const;
     /// Between the counter and the New button: background of the panel.

@@ -52,6 +52,45 @@ TEST_F(OverlayViewEditingTest, typing_eachKey_isWrittenThroughAtOnce)
     EXPECT_TRUE(bytesOf(home.notes()).contains("textxy"));
 }
 
+/// Notes what the editor shows whenever it is painted.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(NoteEditor& editor)
+        : editor(editor)
+    {
+        editor.viewport()->installEventFilter(this);
+    }
+
+    QString painted;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted = editor.toPlainText();
+        return false;
+    }
+
+private:
+    NoteEditor& editor;
+};
+
+TEST_F(OverlayViewEditingTest, typing_eachKey_isPaintedBeforeItIsWritten)
+{
+    setNotes({u"text"_s});
+    edit();
+    const PaintWatch watch(editor());
+    QStringList paintedBefore;
+    QObject::connect(&notes, &ObservableObject::objectWillChange, &watch, [&] {
+        if (note(0).content != editor().toPlainText())
+            paintedBefore.append(watch.painted);
+    });
+    QTest::keyClick(&editor(), Qt::Key_X);
+    QTest::keyClick(&editor(), Qt::Key_Return);
+    QTest::keyClick(&editor(), Qt::Key_Backspace);
+    EXPECT_EQ(paintedBefore, (QStringList{u"textx"_s, u"textx\n"_s, u"textx"_s}));
+}
+
 TEST_F(OverlayViewEditingTest, typing_firstKey_dropsWhatTheReadingViewLaysOut)
 {
     setNotes({u"line\n"_s.repeated(100)});
