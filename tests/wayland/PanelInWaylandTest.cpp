@@ -326,6 +326,7 @@ TEST_P(PanelInWaylandTest, switchWorkspace_shown_isThereToo)
 {
     session.switchToWorkspace(x, 1);
     const Point point = overlay.contentBackground();
+    expectPointerReachesOverlay(point);
     session.input().click(point);
     EXPECT_TRUE(waitUntil([&] { return overlay.hasKeyboard(); })) << "takes a click there";
     session.switchToWorkspace(x, 0);
