@@ -75,6 +75,9 @@ void KeyboardClaim::check()
         stop();
     else if (!helper && !hasKeyboard())
         showHelper();
+    else if (!hasKeyboard())
+        // The server refuses a window that is not mapped yet.
+        followFocus(QGuiApplication::focusWindow());
 }
 
 bool KeyboardClaim::isHelperDone()
