@@ -4,9 +4,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include <sys/mman.h>
 #include <time.h>
 
 namespace sablequill {
@@ -33,6 +36,43 @@ std::int64_t value(const fs::path& path, const std::string& name)
 double megabytes(pid_t process, const std::string& kind)
 {
     return static_cast<double>(value(folderOf(process) / "smaps_rollup", kind)) * 1024 / 1e6;
+}
+
+struct Mapping {
+    std::uintptr_t start = 0;
+    std::uintptr_t end = 0;
+    /// Of a file, and nothing was written to it here.
+    bool isFile = false;
+};
+
+std::vector<Mapping> ownMappings()
+{
+    std::vector<Mapping> mappings;
+    std::ifstream file("/proc/self/smaps");
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream words(line);
+        Mapping mapping;
+        char dash = 0;
+        std::string access;
+        if (words >> std::hex >> mapping.start >> dash >> mapping.end >> access && dash == '-') {
+            mapping.isFile = access[1] == '-' && line.find(" /") != std::string::npos;
+            mappings.push_back(mapping);
+        } else if (line.starts_with("Anonymous:") && std::stoll(line.substr(10)) > 0) {
+            mappings.back().isFile = false;
+        }
+    }
+    return mappings;
+}
+
+/// What this process has mapped of the libraries that it shares with the one that is measured would
+/// be counted there as half. It comes back when it is touched.
+void letGoOfFiles()
+{
+    for (const Mapping& mapping : ownMappings()) {
+        if (mapping.isFile)
+            ::madvise(
+                reinterpret_cast<void*>(mapping.start), mapping.end - mapping.start, MADV_DONTNEED);
+    }
 }
 
 } // namespace
@@ -66,6 +106,7 @@ std::int64_t wakeUpsBetween(const Activity& before, const Activity& after)
 
 double ownMemory(pid_t process)
 {
+    letGoOfFiles();
     return megabytes(process, "Pss");
 }
 

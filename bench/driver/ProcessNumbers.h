@@ -22,7 +22,8 @@ std::int64_t wakeUpsBetween(const Activity& before, const Activity& after);
 // Throw std::runtime_error when there is no such process.
 
 Activity activityOf(pid_t process);
-/// Its private memory and, of what it shares, its own share ("Pss"), in MB of 1,000,000 bytes.
+/// Its private memory and, of what it shares, its own share ("Pss"), in MB of 1,000,000 bytes. This
+/// process does not count among those that share.
 double ownMemory(pid_t process);
 /// What it has written to of its memory ("Anonymous"), in the same unit. No other process has a
 /// part in this number.
