@@ -132,6 +132,15 @@ void WaylandSession::switchToWorkspace(const XConnection& x, unsigned workspace)
     const std::vector<uint32_t> expected{workspace};
     if (!waitUntil([&] { return x.property(x.root(), "_NET_CURRENT_DESKTOP") == expected; }))
         throw std::runtime_error("no other workspace came up");
+    // Who has the keyboard there the compositor decides a little later: the popover may.
+    const auto active = [&] { return x.property(x.root(), "_NET_ACTIVE_WINDOW"); };
+    std::vector<uint32_t> before;
+    const auto isSteady = [&] {
+        before = active();
+        return holdsFor([&] { return active() == before; }, Milliseconds(500));
+    };
+    if (!waitUntil(isSteady))
+        throw std::runtime_error("the keyboard finds no owner on the other workspace");
 }
 
 } // namespace sablequill
