@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Utf8Runs.h"
 
-#include <QStringDecoder>
+#include "Text.h"
 
 #include <functional>
 #include <numeric>
@@ -32,9 +32,8 @@ void Utf8Runs::endRun(const RunAttributes& attributes)
 
 AttributedString Utf8Runs::decoded() &&
 {
-    // A U+FEFF at the start is text as well.
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    AttributedString string{decoder(QByteArrayView(text.data(), end)), std::move(runs)};
+    const std::string_view utf8(text.data(), static_cast<std::size_t>(end));
+    AttributedString string{Text::fromUtf8(utf8), std::move(runs)};
     if (string.text.size() == end)
         return string;
     qsizetype start = 0;

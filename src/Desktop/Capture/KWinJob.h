@@ -14,9 +14,9 @@ class QTemporaryFile;
 
 namespace sablequill {
 
-/// One script of ours in KWin, from its loading to its end: it does one task, for as long as this
-/// object lives or once. What reached KWin is confirmed by
-/// the script itself, which calls this object on the bus.
+/// One script of ours in KWin, from its loading to its end: it does one task, once or for as long
+/// as this object lives. What reached KWin is confirmed by the script itself, which calls this
+/// object on the bus.
 class KWinJob final : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "io.github.sablequill.CaptureShield")
