@@ -96,7 +96,7 @@ public:
     /// Called at the end of each resize by the user, after the last windowDidResize.
     virtual void setDidEndLiveResize(std::function<void(Panel* window)> observer) = 0;
     /// Called when the user turns away from a visible panel: a press outside of the program's
-    /// windows, or another window taking the keyboard from it.
+    /// windows, another panel taking the keyboard, or another window taking it from this one.
     virtual void setDidLoseAttention(std::function<void()> observer) = 0;
 
     virtual void setLevel(WindowLevel level) = 0;

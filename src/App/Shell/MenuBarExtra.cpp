@@ -6,6 +6,7 @@
 #include "Constants.h"
 #include "Icons.h"
 #include "MainQueue.h"
+#include "OverlayManager.h"
 #include "PanelCard.h"
 #include "Platform.h"
 #include "WindowPlacement.h"
@@ -63,8 +64,8 @@ void MenuBarExtra::launch()
 void MenuBarExtra::follow()
 {
     addToStatusArea();
-    // Somebody may have been faster.
-    if (panel)
+    // The user may have been faster, with the popover or with a note.
+    if (panel || appState.overlayManager->isEditing)
         return;
     // The popover is there at once; the icon is still on its way.
     present({});

@@ -20,6 +20,7 @@ ManagedKeeper::ManagedKeeper(const XServer& server, PressWatch& presses, Hyprlan
     , presses(presses)
     , pin(pin)
     , claim(server)
+    , filter([this](const auto& event) { return filterEvent(event); })
 {
     if (hyprlandSocket) {
         focus.emplace(*hyprlandSocket);
@@ -41,6 +42,7 @@ ManagedKeeper::~ManagedKeeper()
 void ManagedKeeper::willShow(QWidget& shown)
 {
     window = static_cast<xcb_window_t>(shown.winId());
+    hidden = noWindow;
     // KWin takes the first type and puts it above an active full-screen window, mutter the second.
     // Compositors that tile leave a window alone for having the third one anywhere in the list.
     setAtoms("_NET_WM_WINDOW_TYPE",
@@ -73,7 +75,8 @@ void ManagedKeeper::willHide()
     if (focus)
         focus->stop();
     watchPresses(false);
-    window = noWindow;
+    if (window != noWindow)
+        hidden = std::exchange(window, noWindow);
 }
 
 void ManagedKeeper::keepOnTop(bool)
@@ -120,6 +123,17 @@ void ManagedKeeper::requestStates(std::string_view first, std::string_view secon
 {
     server.sendToManager(
         window, "_NET_WM_STATE", {addState, server.atom(first), server.atom(second), fromPager});
+}
+
+bool ManagedKeeper::filterEvent(const xcb_generic_event_t& event) const
+{
+    // A manager that had not come to showing a window when that was hidden shows it nonetheless.
+    if (hidden != noWindow && eventType(event) == XCB_MAP_NOTIFY
+        && eventAs<xcb_map_notify_event_t>(event).window == hidden) {
+        xcb_unmap_window(server.connection, hidden);
+        xcb_flush(server.connection);
+    }
+    return false;
 }
 
 } // namespace sablequill

@@ -34,15 +34,19 @@ public:
 private:
     void setAtoms(std::string_view property, std::initializer_list<std::string_view> values) const;
     void requestStates(std::string_view first, std::string_view second) const;
+    bool filterEvent(const xcb_generic_event_t& event) const;
 
     const XServer& server;
     PressWatch& presses;
     HyprlandPin* const pin;
     xcb_window_t window = noWindow;
+    /// Was shown, and is not any more.
+    xcb_window_t hidden = noWindow;
     bool isDragged = false;
     bool isListening = false;
     KeyboardClaim claim;
     std::optional<HyprlandFocus> focus;
+    const XEventFilter filter;
     /// Connections end with it.
     QObject context;
 };

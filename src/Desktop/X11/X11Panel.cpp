@@ -19,9 +19,10 @@
 namespace sablequill {
 
 X11Panel::X11Panel(const PanelDescription& description, const XServer& server,
-    CaptureShield& shield, std::unique_ptr<WindowKeeper> ownKeeper)
+    CaptureShield& shield, KeyboardTurns& turns, std::unique_ptr<WindowKeeper> ownKeeper)
     : server(server)
     , shield(shield)
+    , turns(turns)
     , canBecomeKey(description.canBecomeKey)
     , keeper(std::move(ownKeeper))
     , window(Qt::Window | Qt::FramelessWindowHint | keeper->windowFlags())
@@ -67,6 +68,7 @@ void X11Panel::connectWindow()
     });
     keeper->onPressElsewhere = [this] { loseAttention(); };
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &X11Panel::followFocus);
+    connect(&turns, &KeyboardTurns::taken, this, &X11Panel::followTurn);
     followScreens();
 }
 
@@ -209,8 +211,11 @@ void X11Panel::makeKey()
 
 void X11Panel::takeKeyboard()
 {
-    if (window.isVisible())
-        keeper->takeKeyboard();
+    if (!window.isVisible())
+        return;
+    if (!isKey)
+        Q_EMIT turns.taken(this);
+    keeper->takeKeyboard();
 }
 
 bool X11Panel::isVisible() const
@@ -262,6 +267,14 @@ void X11Panel::followFocus(const QWindow* focused)
         loseAttention();
 }
 
+void X11Panel::followTurn(const QObject* panel)
+{
+    // Also a panel that never had the keyboard: a window manager may hold it for the one to have it
+    // next.
+    if (panel != this)
+        loseAttention();
+}
+
 void X11Panel::loseAttention()
 {
     if (didLoseAttention && window.isVisible())
@@ -282,7 +295,7 @@ X11PanelFactory::X11PanelFactory(
 
 std::unique_ptr<Panel> X11PanelFactory::makePanel(const PanelDescription& description)
 {
-    return std::make_unique<X11Panel>(description, server, shield, makeKeeper());
+    return std::make_unique<X11Panel>(description, server, shield, turns, makeKeeper());
 }
 
 std::unique_ptr<WindowKeeper> X11PanelFactory::makeKeeper()

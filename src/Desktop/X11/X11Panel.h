@@ -16,14 +16,22 @@ namespace sablequill {
 class CaptureShield;
 struct Session;
 
+/// Tells the panels of a program that one of them takes the keyboard.
+class KeyboardTurns : public QObject {
+    Q_OBJECT
+
+Q_SIGNALS:
+    void taken(const QObject* panel);
+};
+
 /// A panel as a window of an X server. What differs between kinds of sessions is its keeper's.
 class X11Panel final : public QObject, public Panel {
     Q_OBJECT
 
 public:
-    /// The server and the shield outlive the panel.
+    /// The server, the shield and the turns outlive the panel.
     X11Panel(const PanelDescription& description, const XServer& server, CaptureShield& shield,
-        std::unique_ptr<WindowKeeper> keeper);
+        KeyboardTurns& turns, std::unique_ptr<WindowKeeper> keeper);
     ~X11Panel() override;
 
     void setAttributes(const PanelAttributes& attributes) override;
@@ -56,10 +64,12 @@ private:
     void keepStacking();
     void moveOntoScreen();
     void followFocus(const QWindow* focused);
+    void followTurn(const QObject* panel);
     void loseAttention();
 
     const XServer& server;
     CaptureShield& shield;
+    KeyboardTurns& turns;
     const bool canBecomeKey;
     const std::unique_ptr<WindowKeeper> keeper;
     PanelWindow window;
@@ -91,6 +101,7 @@ private:
     const bool isWayland;
     const std::optional<QString> hyprlandSocket;
     PressWatch presses;
+    KeyboardTurns turns;
     std::unique_ptr<HyprlandPin> pin;
 };
 

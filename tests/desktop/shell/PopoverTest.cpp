@@ -160,6 +160,24 @@ TEST_P(PopoverTest, clickElsewhere_cameUpByItself_closes)
     EXPECT_TRUE(overlay.isShown());
 }
 
+TEST_P(PopoverTest, quickOpen_cameUpByItself_closes)
+{
+    becomeExperienced();
+    startProgram();
+    keyboard.chord({KeyCode::leftSuper, KeyCode::leftShift}, KeyCode::o);
+    EXPECT_TRUE(isClosed());
+    EXPECT_TRUE(runUntil([this] { return overlay.hasKeyboard(); }));
+}
+
+TEST_P(PopoverTest, clickOnTheOverlay_cameUpByItself_closes)
+{
+    becomeExperienced();
+    startProgram();
+    mouse.click(overlay.contentBackground());
+    EXPECT_TRUE(isClosed());
+    EXPECT_TRUE(runUntil([this] { return overlay.hasKeyboard(); }));
+}
+
 TEST_P(PopoverTest, escape_open_closesAndGivesTheKeyboardBack)
 {
     open();

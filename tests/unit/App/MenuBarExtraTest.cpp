@@ -82,6 +82,15 @@ TEST_F(MenuBarExtraTest, launch_openedAtOnce_isNotShownAgain)
     EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 1);
 }
 
+TEST_F(MenuBarExtraTest, launch_quickOpenedAtOnce_isNotShown)
+{
+    extra.launch();
+    appState.overlayManager->quickOpen();
+    clock.advance(0.1);
+    EXPECT_FALSE(extra.isOpen());
+    EXPECT_EQ(callsOf("statusItem.show(Sablequill)"), 1);
+}
+
 TEST_F(MenuBarExtraTest, launch_statusItem_hasTheTitleAndTheEntries)
 {
     launch();
