@@ -28,9 +28,9 @@ QSet<WId> shownWindows()
 HyprlandShield::HyprlandShield(const QString& socketPath, const Times& times)
     : times(times)
     , socket(socketPath)
+    , retry(times.retry, longestRetry)
 {
-    retry.setSingleShot(true);
-    connect(&retry, &QTimer::timeout, this, &HyprlandShield::sweep);
+    connect(&retry, &Backoff::elapsed, this, &HyprlandShield::sweep);
     qGuiApp->installEventFilter(this);
 }
 
@@ -109,14 +109,14 @@ bool HyprlandShield::isSettled() const
 
 void HyprlandShield::begin()
 {
-    nextRetry = times.retry;
+    retry.reset();
     if (wanted && !isSettled() && !std::exchange(isWaiting, true)) {
         last = HyprlandSweep::Outcome::missing;
         waited = {};
     }
     // In the next turn: a window that is being shown is not yet on the screen.
     if (!running)
-        retry.start(0);
+        retry.runSoon();
 }
 
 void HyprlandShield::sweep()
@@ -157,7 +157,7 @@ void HyprlandShield::take(HyprlandSweep::Outcome outcome)
     }
     // A window that is listed may be one that is just going, in the place of one that is yet to
     // come.
-    if (!isComplete || (wanted && nextRetry <= times.check))
+    if (!isComplete || (wanted && retry.time() <= times.check))
         retryLater();
 }
 
@@ -190,13 +190,10 @@ void HyprlandShield::settle(MirkEffect next)
 
 void HyprlandShield::retryLater()
 {
-    if (isWaiting && waited + nextRetry > times.patience)
+    if (isWaiting && waited + retry.time() > times.patience)
         losePatience();
-    if (nextRetry > longestRetry)
-        return;
-    retry.start(nextRetry);
-    waited += nextRetry;
-    nextRetry *= 2;
+    waited += retry.time();
+    retry.wait();
 }
 
 void HyprlandShield::losePatience()

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Backoff.h"
 #include "CaptureShield.h"
 #include "HyprlandSweep.h"
 
 #include <QSet>
-#include <QTimer>
 
 namespace sablequill {
 
@@ -58,8 +58,7 @@ private:
     bool wanted = false;
     int form = 0;
     std::unique_ptr<HyprlandSweep> running;
-    QTimer retry;
-    std::chrono::milliseconds nextRetry{0};
+    Backoff retry;
     bool isWaiting = false;
     std::chrono::milliseconds waited{0};
     /// The compositor knows none of our requests: it is not asked again. Never so once it has

@@ -22,7 +22,7 @@ constexpr qsizetype mostAttempts = 4;
 QString newObjectPath()
 {
     static int count = 0;
-    return QStringLiteral("/io/github/sablequill/CaptureShield/%1").arg(++count);
+    return QStringLiteral("/io/github/sablequill/KWinJob/%1").arg(++count);
 }
 
 QString newScriptName()
@@ -165,7 +165,7 @@ QByteArray KWinJob::optionsFor(const QString& name) const
         {QStringLiteral("pid"), QCoreApplication::applicationPid()},
         {QStringLiteral("owner"), bus.baseService()},
         {QStringLiteral("path"), path},
-        {QStringLiteral("interface"), QStringLiteral("io.github.sablequill.CaptureShield")},
+        {QStringLiteral("interface"), QStringLiteral("io.github.sablequill.KWinJob")},
         {QStringLiteral("name"), name},
     };
     return QJsonDocument(options).toJson(QJsonDocument::Compact);

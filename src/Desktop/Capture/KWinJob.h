@@ -19,7 +19,7 @@ namespace sablequill {
 /// object on the bus.
 class KWinJob final : public QObject {
     Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "io.github.sablequill.CaptureShield")
+    Q_CLASSINFO("D-Bus Interface", "io.github.sablequill.KWinJob")
 
 public:
     enum class Task {

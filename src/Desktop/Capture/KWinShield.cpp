@@ -6,21 +6,21 @@
 namespace sablequill {
 namespace {
 
-/// A compositor that fails so often is left alone until something changes.
-constexpr int mostFailures = 6;
-
+/// As many times the first wait; a compositor that still fails then is left alone until something
+/// changes.
+constexpr int longestRetry = 16;
 } // namespace
 
 KWinShield::KWinShield(const QDBusConnection& bus, const Times& times)
     : times(times)
     , bus(bus)
     , kwin(bus, QStringLiteral("org.kde.KWin"))
+    , retry(times.retry, times.retry * longestRetry)
 {
     patience.setSingleShot(true);
     patience.setInterval(times.patience);
     connect(&patience, &QTimer::timeout, this, [this] { settle(MirkEffect::none); });
-    retry.setSingleShot(true);
-    connect(&retry, &QTimer::timeout, this, &KWinShield::begin);
+    connect(&retry, &Backoff::elapsed, this, &KWinShield::begin);
     connect(&kwin, &BusName::ownerChanged, this, &KWinShield::ownerChanged);
 }
 
@@ -29,7 +29,7 @@ void KWinShield::setWanted(bool isWanted)
     if (wanted == isWanted)
         return;
     wanted = isWanted;
-    failures = 0;
+    retry.reset();
     if (kwin.isOwned()) {
         begin();
     } else if (isWanted) {
@@ -48,7 +48,7 @@ bool KWinShield::mustWait(WId) const
 void KWinShield::ownerChanged()
 {
     isUnsupported = false;
-    failures = 0;
+    retry.reset();
     job.reset();
     begin();
 }
@@ -66,7 +66,7 @@ void KWinShield::begin()
     // What failed before is not worth a second wait.
     if (!*wanted)
         stopWaiting();
-    else if (failures == 0)
+    else if (retry.isFresh())
         startWaiting();
     // The one before goes first.
     job.reset();
@@ -82,7 +82,7 @@ void KWinShield::take(KWinJob::Result result)
     switch (result) {
     case Result::hidden:
     case Result::shown:
-        failures = 0;
+        retry.reset();
         settle(MirkEffect::hidden);
         return;
     case Result::pinned:
@@ -95,8 +95,7 @@ void KWinShield::take(KWinJob::Result result)
         settle(MirkEffect::none);
         return;
     case Result::failed:
-        if (++failures < mostFailures)
-            retry.start(times.retry * (1 << (failures - 1)));
+        retry.wait();
         settle(MirkEffect::none);
         return;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Backoff.h"
 #include "BusName.h"
 #include "CaptureShield.h"
 #include "KWinJob.h"
@@ -44,9 +45,8 @@ private:
     QDBusConnection bus;
     BusName kwin;
     QTimer patience;
-    QTimer retry;
+    Backoff retry;
     bool isWaiting = false;
-    int failures = 0;
     std::optional<bool> wanted;
     /// The KWin that is there cannot hide windows.
     bool isUnsupported = false;

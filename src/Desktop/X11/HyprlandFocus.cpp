@@ -9,18 +9,17 @@
 namespace sablequill {
 
 HyprlandFocus::HyprlandFocus(const QString& socketPath, const Times& times)
-    : times(times)
-    , socket(socketPath)
+    : socket(socketPath)
+    , retry(times.retry, times.longest)
 {
-    retry.setSingleShot(true);
-    connect(&retry, &QTimer::timeout, this, &HyprlandFocus::askForWindows);
+    connect(&retry, &Backoff::elapsed, this, &HyprlandFocus::askForWindows);
 }
 
 void HyprlandFocus::focusPanel(const QRect& next)
 {
     stop();
     frame = next;
-    nextRetry = times.retry;
+    retry.reset();
     askForWindows();
 }
 
@@ -46,13 +45,13 @@ void HyprlandFocus::takeWindows(const QByteArray& answer)
     if (window)
         focus(*window, HyprlandRequests::pinFormCount);
     else
-        retryLater();
+        retry.wait();
 }
 
 void HyprlandFocus::focus(const QByteArray& window, int formsLeft)
 {
     if (formsLeft == 0) {
-        retryLater();
+        retry.wait();
         return;
     }
     socket.ask(HyprlandRequests::focus(form, window), this,
@@ -66,14 +65,6 @@ void HyprlandFocus::focus(const QByteArray& window, int formsLeft)
             form = (form + 1) % HyprlandRequests::pinFormCount;
             focus(window, formsLeft - 1);
         });
-}
-
-void HyprlandFocus::retryLater()
-{
-    if (nextRetry > times.longest)
-        return;
-    retry.start(nextRetry);
-    nextRetry *= 2;
 }
 
 } // namespace sablequill

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Backoff.h"
 #include "HyprlandSocket.h"
 
 #include <QRect>
-#include <QTimer>
 
 namespace sablequill {
 
@@ -41,12 +41,9 @@ private:
     void askForWindows();
     void takeWindows(const QByteArray& answer);
     void focus(const QByteArray& window, int formsLeft);
-    void retryLater();
 
-    const Times times;
     HyprlandSocket socket;
-    QTimer retry;
-    std::chrono::milliseconds nextRetry{0};
+    Backoff retry;
     int form = 0;
     QRect frame;
     /// Answers to earlier ones do not count.

@@ -9,18 +9,17 @@
 namespace sablequill {
 
 HyprlandPin::HyprlandPin(const QString& socketPath, const Times& times)
-    : times(times)
-    , socket(socketPath)
+    : socket(socketPath)
+    , retry(times.retry, times.longest)
 {
-    retry.setSingleShot(true);
-    connect(&retry, &QTimer::timeout, this, &HyprlandPin::askForWindows);
+    connect(&retry, &Backoff::elapsed, this, &HyprlandPin::askForWindows);
 }
 
 void HyprlandPin::pinPanels()
 {
-    nextRetry = times.retry;
+    retry.reset();
     if (!isAsking)
-        retry.start(0);
+        retry.runSoon();
 }
 
 void HyprlandPin::askForWindows()
@@ -43,10 +42,7 @@ void HyprlandPin::pinNext()
         return;
     }
     isAsking = false;
-    if (nextRetry > times.longest)
-        return;
-    retry.start(nextRetry);
-    nextRetry *= 2;
+    retry.wait();
 }
 
 void HyprlandPin::takePinned(bool isDone)

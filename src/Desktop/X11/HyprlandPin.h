@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Backoff.h"
 #include "HyprlandSocket.h"
-
-#include <QTimer>
 
 #include <vector>
 
@@ -37,10 +36,8 @@ private:
     void pinNext();
     void takePinned(bool isDone);
 
-    const Times times;
     HyprlandSocket socket;
-    QTimer retry;
-    std::chrono::milliseconds nextRetry{0};
+    Backoff retry;
     bool isAsking = false;
     int form = 0;
     int failedForms = 0;

@@ -4,24 +4,25 @@
 namespace sablequill {
 namespace {
 
-/// A compositor that fails so often is left alone until another one comes.
-constexpr int mostFailures = 6;
+/// As many times the first wait; a compositor that still fails then is left alone until another one
+/// comes.
+constexpr int longestRetry = 16;
 
 } // namespace
 
 KWinPin::KWinPin(const QDBusConnection& bus, const Times& times)
-    : times(times)
+    : confirmationTime(times.confirmation)
     , bus(bus)
     , kwin(bus, QStringLiteral("org.kde.KWin"))
+    , retry(times.retry, times.retry * longestRetry)
 {
-    retry.setSingleShot(true);
-    connect(&retry, &QTimer::timeout, this, &KWinPin::begin);
+    connect(&retry, &Backoff::elapsed, this, &KWinPin::begin);
     connect(&kwin, &BusName::ownerChanged, this, &KWinPin::ownerChanged);
 }
 
 void KWinPin::ownerChanged()
 {
-    failures = 0;
+    retry.reset();
     retry.stop();
     job.reset();
     if (kwin.isOwned())
@@ -30,15 +31,15 @@ void KWinPin::ownerChanged()
 
 void KWinPin::begin()
 {
-    job = std::make_unique<KWinJob>(bus, KWinJob::Task::pin, times.confirmation);
+    job = std::make_unique<KWinJob>(bus, KWinJob::Task::pin, confirmationTime);
     connect(job.get(), &KWinJob::finished, this, &KWinPin::take);
     job->start();
 }
 
 void KWinPin::take(KWinJob::Result result)
 {
-    if (result == KWinJob::Result::failed && ++failures < mostFailures)
-        retry.start(times.retry * (1 << (failures - 1)));
+    if (result == KWinJob::Result::failed)
+        retry.wait();
 }
 
 } // namespace sablequill

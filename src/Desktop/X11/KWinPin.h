@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Backoff.h"
 #include "BusName.h"
 #include "KWinJob.h"
 
@@ -31,11 +32,10 @@ private:
     void begin();
     void take(KWinJob::Result result);
 
-    const Times times;
+    const std::chrono::milliseconds confirmationTime;
     QDBusConnection bus;
     BusName kwin;
-    QTimer retry;
-    int failures = 0;
+    Backoff retry;
     std::unique_ptr<KWinJob> job;
 };
 
