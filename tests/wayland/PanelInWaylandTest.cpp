@@ -276,6 +276,19 @@ TEST_P(PanelInWaylandTest, toggle_afterQuickOpen_givesTheKeyboardBack)
     expectTypingReachesClient();
 }
 
+TEST_P(PanelInWaylandTest, quickOpen_popoverHasTheKeyboard_takesItThenGivesItToTheClient)
+{
+    startAgain();
+    ASSERT_TRUE(waitUntil([&] { return popover.hasKeyboard(); }));
+    quickOpen();
+    EXPECT_TRUE(waitUntil([&] { return !popover.isShown(); }));
+    session.input().tap(EvdevKey::a);
+    EXPECT_TRUE(waitUntil([&] { return savedContent().contains(u'a'); }));
+    pressKeysOf("toggleOverlay");
+    ASSERT_TRUE(waitUntil([&] { return !overlay.isShown(); }));
+    expectTypingReachesClient();
+}
+
 TEST_P(PanelInWaylandTest, click_elsewhereAfterQuickOpen_givesTheKeyboardBack)
 {
     quickOpen();
