@@ -32,8 +32,9 @@ int main(int, char* argv[])
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);
     // Before the first widget, which is then polished once.
     QApplication::setStyle(new PopupStyle);
-    // Text views are laid out once before they are given a font: in one that is needed anyway.
-    QApplication::setFont(font(TextStyles::body));
+    // No view shows text in it, but text views are laid out once before they are given a font: in
+    // one that the overlay needs anyway.
+    QApplication::setFont(font(TextStyles::caption2));
     installAccessibleContainers();
 
     DesktopPlatform desktop;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Toolkit.h"
 
+#include "SessionBus.h"
+
 #include <fontconfig/fontconfig.h>
 
 #include <QApplication>
@@ -71,6 +73,9 @@ std::unique_ptr<QApplication> startToolkit(char* programName)
     // fill end then: both would wake a program that sleeps.
     QPixmapCache::setCacheLimit(0);
     QThreadPool::globalInstance()->setExpiryTimeout(0);
+    // The first widget asks the toolkit for the bus, for the sake of accessibility, and waits: by
+    // then it is there.
+    QThreadPool::globalInstance()->start([] { sessionBus(); });
     return toolkit;
 }
 
