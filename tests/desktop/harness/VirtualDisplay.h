@@ -20,6 +20,11 @@ class VirtualDisplay {
 public:
     /// Returns when a client can connect. Throws std::runtime_error when no server comes up.
     VirtualDisplay(const PrivateHome& home, ScreenSize size);
+    /// Leaves nothing behind, however the server ended.
+    ~VirtualDisplay();
+
+    VirtualDisplay(const VirtualDisplay&) = delete;
+    VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     /// As in DISPLAY.
     std::string name() const { return displayName; }
@@ -31,6 +36,7 @@ private:
     bool start(const PrivateHome& home, ScreenSize size, int number);
 
     std::string displayName;
+    int displayNumber = 0;
     std::unique_ptr<ChildProcess> server;
 };
 
