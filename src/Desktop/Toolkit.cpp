@@ -44,6 +44,17 @@ private:
     const bool wasSet;
 };
 
+/// Variables behind one that is removed move up, and whoever reads in that moment may miss one. So
+/// what the toolkit removes while the fonts' thread reads is to be the last one.
+void moveToTheEnd(const char* variable)
+{
+    if (!qEnvironmentVariableIsSet(variable))
+        return;
+    const QByteArray value = qgetenv(variable);
+    qunsetenv(variable);
+    qputenv(variable, value);
+}
+
 /// What the toolkit otherwise does at its first text, which then finds it done: fifty files of XML,
 /// which take nearly as long as the toolkit's start.
 void readFontConfiguration()
@@ -56,19 +67,25 @@ void readFontConfiguration()
     freelocale(own);
 }
 
-} // namespace
-
-std::unique_ptr<QApplication> startToolkit(char* programName)
+std::unique_ptr<QApplication> makeApplication(char* programName)
 {
     // The toolkit reads these when its application object is made, and takes a plug-in of the
     // desktop's before any theme that is named.
     const TemporaryVariable platform("QT_QPA_PLATFORM", "xcb");
     const TemporaryVariable theme("QT_QPA_PLATFORMTHEME", "generic");
     const TemporaryVariable desktop("XDG_CURRENT_DESKTOP", "generic");
+    moveToTheEnd("DESKTOP_STARTUP_ID");
     static int argumentCount = 1;
     static char* arguments[] = {programName, nullptr};
     const std::jthread fonts(readFontConfiguration);
-    auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
+    return std::make_unique<QApplication>(argumentCount, arguments);
+}
+
+} // namespace
+
+std::unique_ptr<QApplication> startToolkit(char* programName)
+{
+    auto toolkit = makeApplication(programName);
     // What it keeps of icons it looks through half a minute later, and the threads that help it
     // fill end then: both would wake a program that sleeps.
     QPixmapCache::setCacheLimit(0);
