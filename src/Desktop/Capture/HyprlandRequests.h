@@ -19,13 +19,11 @@ QByteArray setHidden(int form, const QByteArray& window, bool isHidden);
 QByteArray getHidden(int form, const QByteArray& window);
 QByteArray listWindows();
 
-/// The ways to pin a window, which floats: 0.55 and later, and before. It turns the state over, so
-/// only one that is not pinned is to be named.
-inline constexpr int pinFormCount = 2;
+/// The ways to have something done to a window: 0.55 and later, and before.
+inline constexpr int dispatchFormCount = 2;
 
+/// Of a window that floats. It turns the state over, so only one that is not pinned is to be named.
 QByteArray pin(int form, const QByteArray& window);
-
-/// The ways to focus a window, in the same two forms.
 QByteArray focus(int form, const QByteArray& window);
 
 bool isDone(const QByteArray& answer);

@@ -11,6 +11,7 @@ namespace sablequill {
 HyprlandFocus::HyprlandFocus(const QString& socketPath, const Times& times)
     : socket(socketPath)
     , retry(times.retry, times.longest)
+    , dispatch(socket, HyprlandRequests::dispatchFormCount)
 {
     connect(&retry, &Backoff::elapsed, this, &HyprlandFocus::askForWindows);
 }
@@ -43,27 +44,21 @@ void HyprlandFocus::takeWindows(const QByteArray& answer)
     const auto window = HyprlandRequests::windowIn(
         answer, QCoreApplication::applicationPid(), Constants::appName, frame);
     if (window)
-        focus(*window, HyprlandRequests::pinFormCount);
+        focus(*window);
     else
         retry.wait();
 }
 
-void HyprlandFocus::focus(const QByteArray& window, int formsLeft)
+void HyprlandFocus::focus(const QByteArray& window)
 {
-    if (formsLeft == 0) {
-        retry.wait();
-        return;
-    }
-    socket.ask(HyprlandRequests::focus(form, window), this,
-        [this, window, formsLeft, now = asked](const HyprlandSocket::Answer& answer) {
+    dispatch.send([window](int form) { return HyprlandRequests::focus(form, window); }, this,
+        [this, now = asked](bool isDone) {
             if (now != asked)
                 return;
-            if (answer && HyprlandRequests::isDone(*answer)) {
+            if (isDone)
                 Q_EMIT focused();
-                return;
-            }
-            form = (form + 1) % HyprlandRequests::pinFormCount;
-            focus(window, formsLeft - 1);
+            else
+                retry.wait();
         });
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Backoff.h"
-#include "HyprlandSocket.h"
+#include "HyprlandDispatch.h"
 
 #include <QRect>
 
@@ -40,11 +40,11 @@ Q_SIGNALS:
 private:
     void askForWindows();
     void takeWindows(const QByteArray& answer);
-    void focus(const QByteArray& window, int formsLeft);
+    void focus(const QByteArray& window);
 
     HyprlandSocket socket;
     Backoff retry;
-    int form = 0;
+    HyprlandDispatch dispatch;
     QRect frame;
     /// Answers to earlier ones do not count.
     int asked = 0;

@@ -11,6 +11,7 @@ namespace sablequill {
 HyprlandPin::HyprlandPin(const QString& socketPath, const Times& times)
     : socket(socketPath)
     , retry(times.retry, times.longest)
+    , dispatch(socket, HyprlandRequests::dispatchFormCount)
 {
     connect(&retry, &Backoff::elapsed, this, &HyprlandPin::askForWindows);
 }
@@ -34,29 +35,16 @@ void HyprlandPin::askForWindows()
 
 void HyprlandPin::pinNext()
 {
-    if (!unpinned.empty()) {
-        socket.ask(HyprlandRequests::pin(form, unpinned.back()), this,
-            [this](const HyprlandSocket::Answer& answer) {
-                takePinned(answer && HyprlandRequests::isDone(*answer));
-            });
+    if (unpinned.empty()) {
+        isAsking = false;
+        retry.wait();
         return;
     }
-    isAsking = false;
-    retry.wait();
-}
-
-void HyprlandPin::takePinned(bool isDone)
-{
-    if (!isDone) {
-        form = (form + 1) % HyprlandRequests::pinFormCount;
-        ++failedForms;
-    }
-    // A window may have gone in between.
-    if (isDone || failedForms == HyprlandRequests::pinFormCount) {
-        failedForms = 0;
-        unpinned.pop_back();
-    }
-    pinNext();
+    const QByteArray window = unpinned.back();
+    unpinned.pop_back();
+    // It may have gone in between: then no form does it.
+    dispatch.send([window](int form) { return HyprlandRequests::pin(form, window); }, this,
+        [this](bool) { pinNext(); });
 }
 
 } // namespace sablequill

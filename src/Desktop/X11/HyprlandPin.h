@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Backoff.h"
-#include "HyprlandSocket.h"
+#include "HyprlandDispatch.h"
 
 #include <vector>
 
@@ -34,13 +34,11 @@ public:
 private:
     void askForWindows();
     void pinNext();
-    void takePinned(bool isDone);
 
     HyprlandSocket socket;
     Backoff retry;
+    HyprlandDispatch dispatch;
     bool isAsking = false;
-    int form = 0;
-    int failedForms = 0;
     std::vector<QByteArray> unpinned;
 };
 
