@@ -7,6 +7,7 @@
 #include <iterator>
 #include <optional>
 #include <stdexcept>
+#include <thread>
 
 namespace sablequill {
 
@@ -63,6 +64,9 @@ void Keyboard::send(uint8_t type, xcb_keycode_t code) const
 
 void Keyboard::press(xcb_keycode_t code)
 {
+    // No finger is faster: a press in the millisecond of the same key's release is a repetition.
+    if (const auto released = releasedAt.find(code); released != releasedAt.end())
+        std::this_thread::sleep_until(released->second + std::chrono::milliseconds(2));
     held.insert(code);
     send(XCB_KEY_PRESS, code);
     x.sync();
@@ -73,6 +77,7 @@ void Keyboard::release(xcb_keycode_t code)
     held.erase(code);
     send(XCB_KEY_RELEASE, code);
     x.sync();
+    releasedAt[code] = std::chrono::steady_clock::now();
 }
 
 void Keyboard::tap(xcb_keycode_t code)

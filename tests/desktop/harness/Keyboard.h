@@ -3,7 +3,9 @@
 
 #include "XConnection.h"
 
+#include <chrono>
 #include <initializer_list>
+#include <map>
 #include <set>
 #include <string_view>
 
@@ -66,6 +68,8 @@ private:
 
     const XConnection& x;
     std::set<xcb_keycode_t> held;
+    /// When each key was last released.
+    std::map<xcb_keycode_t, std::chrono::steady_clock::time_point> releasedAt;
 };
 
 } // namespace sablequill
