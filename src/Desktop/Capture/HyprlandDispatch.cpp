@@ -19,6 +19,11 @@ void HyprlandDispatch::send(
     tryForms(formCount, request, asker, std::move(sent));
 }
 
+void HyprlandDispatch::cancel()
+{
+    ++cancellations;
+}
+
 void HyprlandDispatch::tryForms(int formsLeft, const Request& request, const QObject* asker,
     const std::function<void(bool)>& sent)
 {
@@ -26,14 +31,17 @@ void HyprlandDispatch::tryForms(int formsLeft, const Request& request, const QOb
         sent(false);
         return;
     }
-    socket.ask(request(form), asker, [=, this](const HyprlandSocket::Answer& answer) {
+    const auto answered = [=, this, now = cancellations](const HyprlandSocket::Answer& answer) {
+        if (now != cancellations)
+            return;
         if (answer && HyprlandRequests::isDone(*answer)) {
             sent(true);
             return;
         }
         form = (form + 1) % formCount;
         tryForms(formsLeft - 1, request, asker, sent);
-    });
+    };
+    socket.ask(request(form), asker, answered);
 }
 
 } // namespace sablequill

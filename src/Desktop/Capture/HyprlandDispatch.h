@@ -14,9 +14,11 @@ public:
 
     HyprlandDispatch(HyprlandSocket& socket, int formCount);
 
-    /// Returns at once. Calls back with whether it was done in any form; never after `asker`, the
-    /// socket or this object is gone, which outlives the asker.
+    /// Returns at once. Calls back with whether it was done in any form; never after `asker` or the
+    /// socket is gone. This object lives as long as those.
     void send(const Request& request, const QObject* asker, std::function<void(bool isDone)> sent);
+    /// What was sent before is tried in no other form, and not called back for.
+    void cancel();
 
 private:
     void tryForms(int formsLeft, const Request& request, const QObject* asker,
@@ -25,6 +27,7 @@ private:
     HyprlandSocket& socket;
     const int formCount;
     int form = 0;
+    int cancellations = 0;
 };
 
 } // namespace sablequill

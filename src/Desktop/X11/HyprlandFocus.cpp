@@ -27,6 +27,7 @@ void HyprlandFocus::focusPanel(const QRect& next)
 void HyprlandFocus::stop()
 {
     ++asked;
+    dispatch.cancel();
     retry.stop();
 }
 
@@ -52,9 +53,7 @@ void HyprlandFocus::takeWindows(const QByteArray& answer)
 void HyprlandFocus::focus(const QByteArray& window)
 {
     dispatch.send([window](int form) { return HyprlandRequests::focus(form, window); }, this,
-        [this, now = asked](bool isDone) {
-            if (now != asked)
-                return;
+        [this](bool isDone) {
             if (isDone)
                 Q_EMIT focused();
             else

@@ -117,5 +117,22 @@ TEST_F(HyprlandFocusTest, stop_answerIsOnItsWay_nothingIsFocused)
     EXPECT_TRUE(runWhile([&] { return hyprland.requests.size() == 1; }, Milliseconds(200)));
 }
 
+TEST_F(HyprlandFocusTest, stop_firstFormIsOnItsWay_noOtherIsTried)
+{
+    hyprland.form = 1;
+    list("0x1", overlay);
+    hyprland.isFrozen = true;
+    HyprlandFocus focus(path, quick);
+    focus.focusPanel(overlay);
+    ASSERT_TRUE(runUntil([&] { return hyprland.requests.size() == 1; }));
+    hyprland.unfreeze();
+    hyprland.isFrozen = true;
+    ASSERT_TRUE(runUntil([&] { return hyprland.requests.size() == 2; }));
+    focus.stop();
+    hyprland.unfreeze();
+    EXPECT_TRUE(runWhile([&] { return hyprland.requests.size() == 2; }, Milliseconds(200)));
+    EXPECT_EQ(hyprland.focused, "");
+}
+
 } // namespace
 } // namespace sablequill
