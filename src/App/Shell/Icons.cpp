@@ -3,8 +3,11 @@
 
 #include "Symbol.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
+
+#include <algorithm>
 
 namespace sablequill {
 namespace {
@@ -48,6 +51,26 @@ QPixmap statusPixmap(int side)
     return pixmap;
 }
 
+/// Draws each size when it is asked for: most status areas want one, and without one nobody asks.
+class StatusIconEngine final : public QIconEngine {
+public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        const int side = std::min(rect.width(), rect.height());
+        QRect square(0, 0, side, side);
+        square.moveCenter(rect.center());
+        const double ratio = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(square, statusPixmap(qRound(side * ratio)));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override
+    {
+        return statusPixmap(std::min(size.width(), size.height()));
+    }
+
+    QIconEngine* clone() const override { return new StatusIconEngine; }
+};
+
 } // namespace
 
 QIcon applicationIcon()
@@ -66,10 +89,7 @@ QIcon applicationIcon()
 
 QIcon statusIcon()
 {
-    QIcon icon;
-    for (const int side : iconSides)
-        icon.addPixmap(statusPixmap(side));
-    return icon;
+    return QIcon(new StatusIconEngine);
 }
 
 } // namespace sablequill

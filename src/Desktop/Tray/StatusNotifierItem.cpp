@@ -10,7 +10,7 @@ QString StatusNotifierItem::path()
 
 StatusNotifierItem::StatusNotifierItem(const QString& title, const QIcon& icon, const QString& menu)
     : itemTitle(title)
-    , itemPixmaps(statusNotifierPixmaps(icon))
+    , itemIcon(icon)
     , itemMenu(menu)
 {
     registerStatusNotifierTypes();

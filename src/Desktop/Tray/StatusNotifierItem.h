@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusObjectPath>
+#include <QIcon>
 #include <QObject>
 #include <QPoint>
 
@@ -40,7 +41,8 @@ public:
     QString status() const;
     /// Empty: the panel's icon theme does not know the icon.
     QString iconName() const { return {}; }
-    StatusNotifierPixmaps pixmaps() const { return itemPixmaps; }
+    /// Drawn when a host asks, as few do more than once.
+    StatusNotifierPixmaps pixmaps() const { return statusNotifierPixmaps(itemIcon); }
     StatusNotifierToolTip toolTip() const { return {{}, {}, itemTitle, {}}; }
     bool isMenu() const { return false; }
     QDBusObjectPath menu() const { return itemMenu; }
@@ -70,7 +72,7 @@ Q_SIGNALS:
 
 private:
     QString itemTitle;
-    StatusNotifierPixmaps itemPixmaps;
+    QIcon itemIcon;
     QDBusObjectPath itemMenu;
 };
 
