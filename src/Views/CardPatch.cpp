@@ -3,11 +3,11 @@
 
 #include "CardShadow.h"
 #include "CardShape.h"
+#include "KeptPixmap.h"
 
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace sablequill {
@@ -34,6 +34,24 @@ QSize pixels(const QSize& points, double ratio)
     return {pixels(points.width(), ratio), pixels(points.height(), ratio)};
 }
 
+/// The rows of a card: at the top and at the bottom the corners bend what is drawn, and between
+/// them everything is straight, which takes the toolkit far less work.
+struct Rows {
+    Rows(const QRectF& card, double ratio)
+    {
+        const double bent = std::min(
+            std::ceil(cornerReach(CardPatch::cornerRadius * ratio)), std::floor(card.height() / 2));
+        top = bottom = straight = card;
+        top.setHeight(bent);
+        bottom.setTop(card.bottom() - bent);
+        straight.adjust(0, bent, 0, -bent);
+    }
+
+    QRectF top;
+    QRectF straight;
+    QRectF bottom;
+};
+
 /// `ratio` units thick.
 void paintLine(QPainter& painter, const QRectF& card, const QColor& color, double ratio)
 {
@@ -41,14 +59,28 @@ void paintLine(QPainter& painter, const QRectF& card, const QColor& color, doubl
     const QPainterPath line =
         cardShape(card.adjusted(half, half, -half, -half), CardPatch::cornerRadius * ratio - half);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawInBands(painter, card, [&] { painter.strokePath(line, QPen(color, ratio)); });
+    const Rows rows(card, ratio);
+    for (const QRectF& bent : {rows.top, rows.bottom})
+        drawInBands(painter, bent, [&] { painter.strokePath(line, QPen(color, ratio)); });
+    drawInBands(painter, rows.straight, [&] {
+        painter.fillRect(QRectF(card.topLeft(), QSizeF(ratio, card.height())), color);
+        painter.fillRect(card.adjusted(card.width() - ratio, 0, 0, 0), color);
+    });
 }
 
-/// The edges of the three parts of a length: two keep their size, the middle one is stretched.
-std::array<int, 4> cuts(int length, int drawn)
-{
-    return {0, drawn / 2, length - (drawn - 1) / 2, length};
-}
+/// A length in three parts, of which only the middle one is stretched.
+struct Cut {
+    Cut(int length, int drawn)
+        : first(drawn / 2)
+        , last((drawn - 1) / 2)
+        , middle(length - first - last)
+    {
+    }
+
+    int first;
+    int last;
+    int middle;
+};
 
 } // namespace
 
@@ -66,23 +98,28 @@ void CardPatch::paint(
     painter.save();
     painter.scale(1 / ratio, 1 / ratio);
     const QSize whole = pixels(size, ratio);
-    const auto x = cuts(whole.width(), pixmap.width());
-    const auto y = cuts(whole.height(), pixmap.height());
-    const auto fromX = cuts(pixmap.width(), pixmap.width());
-    const auto fromY = cuts(pixmap.height(), pixmap.height());
-    for (int part = 0; part < 9; ++part) {
-        const int column = part % 3;
-        const int line = part / 3;
-        const QRect to(
-            QPoint(x[column], y[line]), QPoint(x[column + 1], y[line + 1]) - QPoint(1, 1));
-        const QRect from(QPoint(fromX[column], fromY[line]),
-            QPoint(fromX[column + 1], fromY[line + 1]) - QPoint(1, 1));
-        if (part == 4)
-            drawInBands(painter, to, [&] { painter.fillRect(to, colors.fill); });
-        else
-            painter.drawPixmap(to, pixmap, from);
-    }
+    const QSize drawn = pixels(smallest.grownBy(cardShadowReach()), ratio);
+    const Cut x(whole.width(), drawn.width());
+    const Cut y(whole.height(), drawn.height());
+    const QRect inside(x.first, y.first, x.middle, y.middle);
+    drawInBands(painter, inside, [&] { painter.fillRect(inside, colors.fill); });
+    painter.drawPixmap(QRect(x.first, 0, x.middle, y.first), pixmap, QRect(x.first, 0, 1, y.first));
+    painter.drawPixmap(QRect(x.first, y.first + y.middle, x.middle, y.last), pixmap,
+        QRect(x.first, y.first + 1, 1, y.last));
+    paintSide(painter, x.first, whole.height());
+    painter.translate(whole.width(), 0);
+    painter.scale(-1, 1);
+    paintSide(painter, x.last, whole.height());
     painter.restore();
+}
+
+void CardPatch::paintSide(QPainter& painter, int width, int height) const
+{
+    const Cut y(height, pixmap.height());
+    painter.drawPixmap(QRect(0, 0, width, y.first), pixmap, QRect(0, 0, width, y.first));
+    painter.drawPixmap(QRect(0, y.first, width, y.middle), pixmap, QRect(0, y.first, width, 1));
+    painter.drawPixmap(
+        QRect(0, y.first + y.middle, width, y.last), pixmap, QRect(0, y.first + 1, width, y.last));
 }
 
 void CardPatch::draw(const QSize& cardSize, double nextRatio, const CardColors& nextColors)
@@ -91,23 +128,31 @@ void CardPatch::draw(const QSize& cardSize, double nextRatio, const CardColors& 
     ratio = nextRatio;
     colors = nextColors;
     const QMargins reach = cardShadowReach();
-    pixmap = QPixmap(pixels(cardSize.grownBy(reach), ratio));
+    const QSize whole = pixels(cardSize.grownBy(reach), ratio);
+    pixmap = QPixmap(Cut(whole.width(), whole.width()).first + 1, whole.height());
     pixmap.fill(Qt::transparent);
     // The card's edges fall between two pixels of the device, at a fractional ratio too.
-    const QRectF card = QRect(QPoint(), pixmap.size()).marginsRemoved(pixels(reach, ratio));
+    const QRectF card = QRect(QPoint(), whole).marginsRemoved(pixels(reach, ratio));
 
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     paintCardShadow(painter, card, ratio);
     const QPainterPath shape = cardShape(card, cornerRadius * ratio);
-    drawInBands(painter, card, [&] {
-        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-        painter.fillPath(shape, Qt::black);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.fillPath(shape, colors.fill);
-    });
+    const Rows rows(card, ratio);
+    for (const QRectF& bent : {rows.top, rows.bottom})
+        drawInBands(painter, bent, [&] {
+            painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+            painter.fillPath(shape, Qt::black);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+            painter.fillPath(shape, colors.fill);
+        });
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    drawInBands(painter, rows.straight, [&] { painter.fillRect(card, colors.fill); });
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     paintLine(painter, card, colors.line, ratio);
+    painter.end();
+    pixmap = keptPixmap(pixmap);
 }
 
 void CardPatch::paintOpaque(QPainter& painter, const QSize& size, const CardColors& colors)

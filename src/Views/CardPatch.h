@@ -18,7 +18,7 @@ struct CardColors {
 };
 
 /// The card with its shadow, drawn once at the smallest size that holds all of its corners; the
-/// rest is stretched. So a resize draws nothing anew.
+/// rest is stretched. So a resize draws nothing anew. Its right side is the left one mirrored.
 class CardPatch {
 public:
     static constexpr int cornerRadius = 14; ///< points
@@ -33,7 +33,10 @@ public:
 
 private:
     void draw(const QSize& cardSize, double ratio, const CardColors& colors);
+    /// The left side, in pixels.
+    void paintSide(QPainter& painter, int width, int height) const;
 
+    /// The left half and one column more.
     QPixmap pixmap;
     QSize drawnCard;
     double ratio = 0;

@@ -26,9 +26,14 @@ double exponent()
 
 } // namespace
 
+double cornerReach(double radius)
+{
+    return radius * reachInRadii;
+}
+
 QPainterPath cardShape(const QRectF& rect, double radius)
 {
-    const double reach = std::min({radius * reachInRadii, rect.width() / 2, rect.height() / 2});
+    const double reach = std::min({cornerReach(radius), rect.width() / 2, rect.height() / 2});
     const double power = 2 / exponent();
     QPolygonF outline;
     for (int step = 0; step < 4 * (stepsPerCorner + 1); ++step) {

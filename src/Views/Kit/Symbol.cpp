@@ -2,6 +2,7 @@
 #include "Symbol.h"
 
 #include "DevicePixels.h"
+#include "KeptPixmap.h"
 
 #include <QFile>
 #include <QHash>
@@ -52,6 +53,7 @@ QPixmap draw(const Symbol& symbol, const QColor& color, double ratio)
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(pixmap.rect(), color);
     painter.end();
+    pixmap = keptPixmap(pixmap);
     pixmap.setDevicePixelRatio(ratio);
     return pixmap;
 }

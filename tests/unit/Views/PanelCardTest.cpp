@@ -64,6 +64,27 @@ TEST_F(PanelCardTest, paint_composited_isARoundedCardWithAShadow)
     EXPECT_NE(at(0, 100), at(140, 100));
 }
 
+/// A card of each size is one piece: no row or column of the card's middle differs from the others.
+class PanelCardSizeTest : public PanelCardTest, public testing::WithParamInterface<QSize> { };
+
+TEST_P(PanelCardSizeTest, paint_composited_hasNoSeamAndTwoLikeSides)
+{
+    content->setFixedSize(GetParam());
+    fit();
+    const QImage drawn = picture(card).convertToFormat(QImage::Format_ARGB32);
+    EXPECT_EQ(drawn, drawn.mirrored(true, false));
+    const QRect inside = QRect(QPoint(), card.size())
+                             .marginsRemoved(card.shadowReach())
+                             .marginsRemoved({2, 24, 2, 24});
+    QImage flat(inside.size(), QImage::Format_ARGB32);
+    flat.fill(ground(Surroundings::light));
+    EXPECT_EQ(drawn.copy(inside), flat);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PanelCardSizeTest,
+    testing::Values(QSize(280, 200), QSize(281, 201), QSize(131, 155), QSize(130, 154),
+        QSize(129, 153), QSize(90, 60), QSize(91, 61)));
+
 TEST_F(PanelCardTest, setComposited_false_isAnOpaqueCardWithoutMargins)
 {
     card.setComposited(false);
