@@ -6,6 +6,7 @@
 #include "MirkpadApp.h"
 #include "PopupStyle.h"
 #include "SingleInstance.h"
+#include "StorageManager.h"
 #include "TextStyle.h"
 #include "Toolkit.h"
 #include "UnixSignals.h"
@@ -27,6 +28,7 @@ int main(int, char* argv[])
     const std::unique_ptr<SingleInstance> instance = SingleInstance::claim();
     if (!instance)
         return 0;
+    StorageManager::readNotesAhead();
     QApplication::setApplicationName(Constants::appName);
     QApplication::setDesktopFileName(Constants::bundleIdentifier);
     const std::unique_ptr<QApplication> toolkit = startToolkit(argv[0]);

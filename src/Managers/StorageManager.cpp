@@ -60,6 +60,8 @@ bool replaceFile(
 
 } // namespace
 
+std::future<StorageManager::StoredNotes> StorageManager::notesAhead;
+
 StorageManager::StorageManager(LoginItem& loginItem)
     : loginItem(loginItem)
 {
@@ -88,7 +90,7 @@ fs::path StorageManager::settingsURL()
     return appSupportDirectory() / "settings.json";
 }
 
-fs::path StorageManager::notesURL() const
+fs::path StorageManager::notesURL()
 {
     return appSupportDirectory() / "notes.json";
 }
@@ -98,16 +100,28 @@ void StorageManager::ensureDirectoryExists() const
     Files::createPrivateFolder(appSupportDirectory());
 }
 
+void StorageManager::readNotesAhead()
+{
+    notesAhead = std::async(std::launch::async, readNotes, notesURL());
+}
+
 std::vector<MirkpadItem> StorageManager::loadNotes()
 {
-    notesAreUnreadable = Files::exists(notesURL());
-    if (const auto json = Files::read(notesURL())) {
-        if (auto notes = decodeNotes(*json, Files::spareBytes)) {
-            notesAreUnreadable = false;
-            return *std::move(notes);
-        }
-    }
+    StoredNotes stored = notesAhead.valid() ? notesAhead.get() : readNotes(notesURL());
+    notesAreUnreadable = stored.fileExists && !stored.list;
+    if (stored.list)
+        return *std::move(stored.list);
     return {welcomeNote()};
+}
+
+StorageManager::StoredNotes StorageManager::readNotes(const fs::path& url)
+{
+    StoredNotes stored{.fileExists = Files::exists(url)};
+    if (const auto json = Files::read(url)) {
+        if (auto notes = decodeNotes(*json, Files::spareBytes))
+            stored.list = *std::move(notes);
+    }
+    return stored;
 }
 
 std::optional<AppSettings> StorageManager::loadSettings(const fs::path& url)

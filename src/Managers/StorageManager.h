@@ -8,6 +8,7 @@
 #include <QByteArrayView>
 
 #include <filesystem>
+#include <future>
 #include <optional>
 #include <span>
 #include <vector>
@@ -39,6 +40,11 @@ public:
     /// As last loaded or saved.
     AppSettings settings;
 
+    /// Starts to read the notes in another thread; the next `loadNotes()`, of whatever object,
+    /// takes what that one found. For the start of the program, which has much else to do
+    /// meanwhile. Ends the program when the user has no folder for application data.
+    static void readNotesAhead();
+
     /// The list in file order, also an empty one; one fresh welcome note when the file is missing
     /// or cannot be read as a whole.
     std::vector<MirkpadItem> loadNotes();
@@ -52,13 +58,21 @@ public:
     void writeUnsaved();
 
 private:
+    struct StoredNotes {
+        bool fileExists = false;
+        std::optional<std::vector<MirkpadItem>> list = {};
+    };
+
     static std::filesystem::path appSupportDirectory();
     static std::filesystem::path settingsURL();
-    std::filesystem::path notesURL() const;
+    static std::filesystem::path notesURL();
     void ensureDirectoryExists() const;
 
+    static StoredNotes readNotes(const std::filesystem::path& url);
     static std::optional<AppSettings> loadSettings(const std::filesystem::path& url);
     void updateLaunchAtStartup(bool enabled);
+
+    static std::future<StoredNotes> notesAhead;
 
     LoginItem& loginItem;
     NotesEncoder encoder;

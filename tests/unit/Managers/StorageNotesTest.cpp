@@ -76,6 +76,36 @@ TEST_F(StorageNotes, file_notesInItsOrder)
     EXPECT_EQ(notes[1].title, u"two"_s);
 }
 
+TEST_F(StorageNotes, readAhead_nextLoadTakesWhatWasThere)
+{
+    writeFile(home.notes(), twoNotes);
+    StorageManager::readNotesAhead();
+    StorageManager storage(loginItem);
+    const auto notes = storage.loadNotes();
+    ASSERT_EQ(notes.size(), 2U);
+    EXPECT_EQ(notes[0].content, u"1"_s);
+    EXPECT_EQ(notes[1].content, u"2"_s);
+    // Only the next one.
+    storage.saveNotes(note);
+    EXPECT_EQ(storage.loadNotes().size(), 1U);
+}
+
+TEST_F(StorageNotes, readAhead_noFile_welcomeNote)
+{
+    StorageManager::readNotesAhead();
+    expectWelcome(load());
+}
+
+TEST_F(StorageNotes, readAhead_unreadableFile_itsBytesAreKept)
+{
+    writeFile(home.notes(), "no list");
+    StorageManager::readNotesAhead();
+    StorageManager storage(loginItem);
+    expectWelcome(storage.loadNotes());
+    storage.saveNotes(note);
+    EXPECT_EQ(bytesOf(home.folder() / "notes.unreadable.json"), "no list");
+}
+
 TEST_F(StorageNotes, saved_readBackEqualExceptForFractions)
 {
     StorageManager storage(loginItem);
