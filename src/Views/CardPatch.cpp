@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CardPatch.h"
 
+#include "Bands.h"
 #include "CardShadow.h"
 #include "CardShape.h"
 #include "KeptPixmap.h"

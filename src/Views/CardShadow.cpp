@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CardShadow.h"
 
+#include "Bands.h"
 #include "CardPatch.h"
 #include "CardShape.h"
 

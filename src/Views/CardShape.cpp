@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CardShape.h"
 
-#include <QPainter>
+#include <QPolygonF>
 
 #include <algorithm>
 #include <cmath>
@@ -13,8 +13,6 @@ namespace {
 /// How far along the edges a corner reaches, in radii.
 constexpr double reachInRadii = 1.53;
 constexpr int stepsPerCorner = 16;
-/// Rows. The toolkit counts spans, of which a smooth outline makes several in a row.
-constexpr int bandHeight = 16;
 
 /// A quarter of |x|^n + |y|^n = 1 has no jump in its curvature where it meets the straight edges.
 /// With this n it cuts the corner off as far as the arc of the same radius does.
@@ -53,18 +51,6 @@ QPainterPath cardShape(const QRectF& rect, double radius)
     path.addPolygon(outline);
     path.closeSubpath();
     return path;
-}
-
-void drawInBands(QPainter& painter, const QRectF& area, const std::function<void()>& draw)
-{
-    const QRect whole = area.toAlignedRect();
-    for (int y = whole.top(); y <= whole.bottom(); y += bandHeight) {
-        painter.save();
-        painter.setClipRect(
-            whole & QRect(whole.left(), y, whole.width(), bandHeight), Qt::IntersectClip);
-        draw();
-        painter.restore();
-    }
 }
 
 } // namespace sablequill

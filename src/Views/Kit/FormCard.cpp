@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormCard.h"
 
+#include "Bands.h"
 #include "DevicePixels.h"
 #include "Ink.h"
 #include "Layout.h"
@@ -38,9 +39,8 @@ void FormCard::paintEvent(QPaintEvent*)
     const double half = thickness / 2;
     painter.setPen(QPen(color({InkRole::divider}, surroundings), thickness));
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(
-        onDevicePixels(painter, QRectF(rect())).adjusted(half, half, -half, -half), cornerRadius,
-        cornerRadius);
+    drawRoundedRect(painter,
+        onDevicePixels(painter, QRectF(rect())).adjusted(half, half, -half, -half), cornerRadius);
 }
 
 QWidget* groupedForm(std::initializer_list<QWidget*> sections)

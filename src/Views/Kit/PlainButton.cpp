@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "PlainButton.h"
 
+#include "Bands.h"
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -76,7 +78,7 @@ void PlainButton::paintEvent(QPaintEvent*)
     const double radius = isCircle ? std::min(width(), height()) / 2.0 : backdrop.radius;
     const auto fill = [&](Ink ink) {
         painter.setBrush(color(ink, surroundingsOf(*this)));
-        painter.drawRoundedRect(area, radius, radius);
+        drawRoundedRect(painter, area, radius);
     };
     if (backdrop.shape != Backdrop::Shape::none) {
         fill(backdrop.fill);

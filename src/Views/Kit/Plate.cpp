@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Plate.h"
 
+#include "Bands.h"
+
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -25,7 +27,7 @@ void Plate::paintEvent(QPaintEvent*)
     painter.setPen(Qt::NoPen);
     painter.setBrush(color(fill, surroundingsOf(*this)));
     const double corner = std::min(radius, height() / 2.0);
-    painter.drawRoundedRect(rect(), corner, corner);
+    drawRoundedRect(painter, rect(), corner);
 }
 
 } // namespace sablequill

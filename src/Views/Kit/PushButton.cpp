@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PushButton.h"
 
+#include "Bands.h"
 #include "Ink.h"
 #include "TextStyle.h"
 
@@ -96,7 +97,7 @@ void PushButton::paintEvent(QPaintEvent*)
         {isProminent ? Ink{InkRole::accent, fade} : Ink{InkRole::primary, 0.10 * fade},
             Ink{isProminent ? InkRole::black : InkRole::primary, answer}}) {
         painter.setBrush(color(fill, surroundings));
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+        drawRoundedRect(painter, rect(), cornerRadius);
     }
     painter.setPen(color({isProminent ? InkRole::white : InkRole::primary, fade}, surroundings));
     painter.drawText(rect(), Qt::AlignCenter, text());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Switch.h"
 
+#include "Bands.h"
 #include "Ink.h"
 
 #include <QKeyEvent>
@@ -87,9 +88,9 @@ void Switch::paintEvent(QPaintEvent*)
     painter.setPen(Qt::NoPen);
     const double radius = height() / 2.0;
     painter.setBrush(color({InkRole::primary, 0.18}, surroundings));
-    painter.drawRoundedRect(rect(), radius, radius);
+    drawRoundedRect(painter, rect(), radius);
     painter.setBrush(color({InkRole::accent, position}, surroundings));
-    painter.drawRoundedRect(rect(), radius, radius);
+    drawRoundedRect(painter, rect(), radius);
     const double knob = height() - 2 * knobInset;
     const double left = knobInset + position * (width() - 2 * knobInset - knob);
     painter.setBrush(Qt::white);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TabButton.h"
 
+#include "Bands.h"
 #include "Ink.h"
 #include "Symbol.h"
 #include "TextStyle.h"
@@ -64,7 +65,7 @@ void TabButton::paintEvent(QPaintEvent*)
     painter.setPen(Qt::NoPen);
     if (isChecked()) {
         painter.setBrush(color({InkRole::primary, 0.08}, surroundings));
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+        drawRoundedRect(painter, rect(), cornerRadius);
     }
     const QColor ink = color({isChecked() ? InkRole::accent : InkRole::secondary}, surroundings);
     const int extent = symbolExtent(symbolSize);

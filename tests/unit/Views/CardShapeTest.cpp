@@ -3,12 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
-#include <QPainter>
-
 #include <cmath>
-#include <filesystem>
-#include <iterator>
 
 namespace sablequill {
 namespace {
@@ -56,56 +51,6 @@ TEST(CardShape, corners_tinyCard_shrink)
     EXPECT_EQ(shape.boundingRect(), tiny);
     EXPECT_TRUE(shape.contains(tiny.center()));
     EXPECT_FALSE(shape.contains(QPointF(0.3, 0.3)));
-}
-
-QImage drawn(const std::function<void(QPainter&)>& draw)
-{
-    QImage image(440, 320, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    draw(painter);
-    return image;
-}
-
-void fillShape(QPainter& painter)
-{
-    painter.fillPath(cardShape(card, 14), QColor(0, 0, 0, 180));
-}
-
-std::ptrdiff_t threads()
-{
-    const std::filesystem::directory_iterator tasks("/proc/self/task");
-    return std::distance(begin(tasks), end(tasks));
-}
-
-// The first of the tests that draw: the toolkit keeps its threads for a while.
-TEST(CardShape, drawInBands_largeArea_startsNoThread)
-{
-    const auto before = threads();
-    drawn([](QPainter& painter) { drawInBands(painter, card, [&] { fillShape(painter); }); });
-    EXPECT_EQ(threads(), before);
-}
-
-TEST(CardShape, drawInBands_translucentShape_looksAsDrawnAtOnce)
-{
-    const QImage banded =
-        drawn([](QPainter& painter) { drawInBands(painter, card, [&] { fillShape(painter); }); });
-    EXPECT_EQ(banded, drawn(fillShape));
-}
-
-TEST(CardShape, drawInBands_clippedPainter_staysInTheClip)
-{
-    const QRect clip(30, 40, 50, 60);
-    const QImage banded = drawn([&](QPainter& painter) {
-        painter.setClipRect(clip);
-        drawInBands(painter, card, [&] { fillShape(painter); });
-    });
-    const QImage whole = drawn([&](QPainter& painter) {
-        painter.setClipRect(clip);
-        fillShape(painter);
-    });
-    EXPECT_EQ(banded, whole);
 }
 
 } // namespace

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QRectF>
+
+#include <functional>
+
+class QPainter;
+
+namespace sablequill {
+
+/// Calls `draw` for one flat band of `area` after the other, the painter clipped to it. The toolkit
+/// spreads what it fills in more rows than that over threads, which it starts for it: that takes
+/// longer than filling a card does, and wakes the program again when they end.
+void drawInBands(QPainter& painter, const QRectF& area, const std::function<void()>& draw);
+
+/// The painter's brush and pen, in such bands.
+void drawRoundedRect(QPainter& painter, const QRectF& rect, double radius);
+
+} // namespace sablequill
