@@ -102,7 +102,7 @@ void StorageManager::ensureDirectoryExists() const
 
 void StorageManager::readNotesAhead()
 {
-    notesAhead = std::async(std::launch::async, readNotes, notesURL());
+    notesAhead = std::async(readNotes, notesURL());
 }
 
 std::vector<MirkpadItem> StorageManager::loadNotes()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OverlayChrome.h"
 
+#include "Bands.h"
 #include "CardShadow.h"
 #include "CardShape.h"
 #include "Ink.h"
@@ -44,10 +45,11 @@ QPainterPath OverlayChrome::shapeIn(const QWidget& widget)
         .translated(-QPointF(widget.mapTo(chrome, QPoint())));
 }
 
-void OverlayChrome::paintEvent(QPaintEvent*)
+void OverlayChrome::paintEvent(QPaintEvent* event)
 {
     const QColor line = QColor::fromRgbF(1, 1, 1, 0.14F);
     QPainter painter(this);
+    clipToUpdate(painter, *event);
     if (isComposited)
         patch.paint(painter, size(), devicePixelRatioF(), {QColor::fromRgbF(0, 0, 0, 0.72F), line});
     else

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PanelCard.h"
 
+#include "Bands.h"
 #include "CardShadow.h"
 #include "Ink.h"
 #include "RoundedRegion.h"
@@ -41,11 +42,12 @@ void PanelCard::setComposited(bool next)
     update();
 }
 
-void PanelCard::paintEvent(QPaintEvent*)
+void PanelCard::paintEvent(QPaintEvent* event)
 {
     const CardColors colors{
         palette().color(QPalette::Window), color({InkRole::divider, 1.5}, surroundingsOf(*this))};
     QPainter painter(this);
+    clipToUpdate(painter, *event);
     if (isComposited)
         patch.paint(painter, size(), devicePixelRatioF(), colors);
     else

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Bands.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace sablequill {
@@ -13,7 +14,9 @@ constexpr int bandHeight = 8;
 
 void drawInBands(QPainter& painter, const QRectF& area, const std::function<void()>& draw)
 {
-    const QRect whole = area.toAlignedRect();
+    QRect whole = area.toAlignedRect();
+    if (painter.hasClipping())
+        whole &= painter.clipBoundingRect().toAlignedRect();
     for (int y = whole.top(); y <= whole.bottom(); y += bandHeight) {
         painter.save();
         painter.setClipRect(
@@ -21,6 +24,11 @@ void drawInBands(QPainter& painter, const QRectF& area, const std::function<void
         draw();
         painter.restore();
     }
+}
+
+void clipToUpdate(QPainter& painter, const QPaintEvent& event)
+{
+    painter.setClipRect(event.rect().adjusted(-1, -1, 1, 1));
 }
 
 void drawRoundedRect(QPainter& painter, const QRectF& rect, double radius)

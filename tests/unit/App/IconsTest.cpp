@@ -9,7 +9,7 @@
 namespace sablequill {
 namespace {
 
-/// The smallest rectangle with everything that is drawn; those of no more than a trace are not.
+/// The smallest rectangle around the pixels of which more than a trace is seen.
 QRect drawn(const QImage& image)
 {
     QRect result;
