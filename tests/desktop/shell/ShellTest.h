@@ -38,7 +38,7 @@ protected:
     void startStatusArea();
     /// On the session bus.
     void startHost();
-    /// Returns when the overlay and the popover are on the screen.
+    /// Returns when the overlay and the popover are on the screen, where they stay.
     void startProgram();
     /// Starts it once more and expects that this one ends at once and well.
     void startAgain();
