@@ -14,26 +14,12 @@
 #include <QApplication>
 
 #include <cstdio>
-#include <malloc.h>
 #include <memory>
-
-namespace {
-
-/// No thread here lives from allocating memory: an arena for each would only keep more of it.
-void shareOneArena()
-{
-#ifdef M_ARENA_MAX
-    mallopt(M_ARENA_MAX, 1);
-#endif
-}
-
-} // namespace
 
 int main(int, char* argv[])
 {
     using namespace sablequill;
 
-    shareOneArena();
     if (!DesktopPlatform::isAvailable()) {
         std::fputs("Sablequill needs an X server, or a Wayland session with XWayland.\n", stderr);
         return 1;
