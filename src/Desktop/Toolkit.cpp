@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Toolkit.h"
 
+#include "Environment.h"
 #include "SessionBus.h"
 
 #include <fontconfig/fontconfig.h>
@@ -14,46 +15,6 @@
 
 namespace sablequill {
 namespace {
-
-/// A variable of the environment that has another value for as long as this object lives: programs
-/// started from here later find it as it was.
-class TemporaryVariable {
-public:
-    TemporaryVariable(const char* name, const char* value)
-        : name(name)
-        , kept(qgetenv(name))
-        , wasSet(qEnvironmentVariableIsSet(name))
-    {
-        qputenv(name, value);
-    }
-
-    ~TemporaryVariable()
-    {
-        if (wasSet)
-            qputenv(name, kept);
-        else
-            qunsetenv(name);
-    }
-
-    TemporaryVariable(const TemporaryVariable&) = delete;
-    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
-
-private:
-    const char* name;
-    const QByteArray kept;
-    const bool wasSet;
-};
-
-/// Variables behind one that is removed move up, and whoever reads in that moment may miss one. So
-/// what the toolkit removes while the fonts' thread reads is to be the last one.
-void moveToTheEnd(const char* variable)
-{
-    if (!qEnvironmentVariableIsSet(variable))
-        return;
-    const QByteArray value = qgetenv(variable);
-    qunsetenv(variable);
-    qputenv(variable, value);
-}
 
 /// What the toolkit otherwise does at its first text, which then finds it done: fifty files of XML,
 /// which take nearly as long as the toolkit's start.
@@ -74,6 +35,7 @@ std::unique_ptr<QApplication> makeApplication(char* programName)
     const TemporaryVariable platform("QT_QPA_PLATFORM", "xcb");
     const TemporaryVariable theme("QT_QPA_PLATFORMTHEME", "generic");
     const TemporaryVariable desktop("XDG_CURRENT_DESKTOP", "generic");
+    // It removes this one while the fonts' thread reads variables.
     moveToTheEnd("DESKTOP_STARTUP_ID");
     static int argumentCount = 1;
     static char* arguments[] = {programName, nullptr};
