@@ -82,7 +82,7 @@ TEST_P(SessionFaultTest, windowManager_killedAndAnotherStarted_overlayAndKeysWor
     for (const auto setup :
         {WindowManagerSetup::openbox, WindowManagerSetup::i3, WindowManagerSetup::xfwm4}) {
         auto manager = startManager(setup);
-        expectEverythingWorks(traits(setup).name.c_str());
+        expectEverythingWorks(traits(setup).name);
         EXPECT_EQ(overlay.card(), card);
         // For ever the active one, as what the manager leaves behind says.
         ProbeWindow active(session.displayName(), {.isFullScreen = false});

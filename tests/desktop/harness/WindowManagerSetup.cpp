@@ -123,10 +123,10 @@ RunningWindowManager::RunningWindowManager(
         start(command);
         // A compositor is started only when there is something to compose for.
         if (!waitUntilManaged(x))
-            throw std::runtime_error(traits(setup).name + " does not manage windows");
+            throw std::runtime_error(std::string(traits(setup).name) + " does not manage windows");
     }
     if (traits(setup).isComposited && !waitUntilComposed(x))
-        throw std::runtime_error(traits(setup).name + " does not compose windows");
+        throw std::runtime_error(std::string(traits(setup).name) + " does not compose windows");
 }
 
 void RunningWindowManager::start(const Command& command)

@@ -26,7 +26,7 @@ enum class WindowManagerSetup {
 
 struct WindowManagerTraits {
     /// Letters and digits only: part of the tests' names.
-    std::string name;
+    const char* name;
     bool isManaged = true;
     /// Whether the opacity of a window is blended.
     bool isComposited = false;
