@@ -6,7 +6,7 @@
 namespace sablequill {
 
 /// A variable of the environment that has another value for as long as this object lives: programs
-/// started from here later find it as it was. To be made while no other thread changes variables.
+/// started from here later find it as it was. Made and destroyed while no other thread uses any.
 class TemporaryVariable {
 public:
     /// `name` outlives this object.

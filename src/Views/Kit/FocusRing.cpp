@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FocusRing.h"
 
+#include "Bands.h"
+
 #include <QFocusEvent>
 #include <QPainter>
 #include <QWidget>
@@ -37,7 +39,7 @@ void FocusRing::paint(QPainter& painter, const QRectF& bounds, double radius, In
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(color(ink, surroundingsOf(*widget)), thickness));
-    painter.drawRoundedRect(bounds.adjusted(inset, inset, -inset, -inset), radius, radius);
+    drawRoundedRect(painter, bounds.adjusted(inset, inset, -inset, -inset), radius);
 }
 
 } // namespace sablequill

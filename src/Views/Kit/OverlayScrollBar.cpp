@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OverlayScrollBar.h"
 
+#include "Bands.h"
 #include "Ink.h"
 
 #include <QEvent>
@@ -96,7 +97,7 @@ void OverlayScrollBar::paintEvent(QPaintEvent*)
     painter.setPen(Qt::NoPen);
     const double opacity = isDragged || underMouse() ? 0.55 : 0.28;
     painter.setBrush(color({InkRole::primary, opacity}, surroundingsOf(*this)));
-    painter.drawRoundedRect(thumb(), thickness / 2, thickness / 2);
+    drawRoundedRect(painter, thumb(), thickness / 2);
 }
 
 void OverlayScrollBar::layOut()

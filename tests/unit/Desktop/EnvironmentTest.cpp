@@ -12,6 +12,7 @@ namespace sablequill {
 namespace {
 
 constexpr const char* name = "SABLEQUILL_ENVIRONMENT_TEST";
+constexpr const char* laterName = "SABLEQUILL_ENVIRONMENT_TEST_LATER";
 
 std::vector<std::string> variables()
 {
@@ -23,7 +24,11 @@ std::vector<std::string> variables()
 
 class EnvironmentTest : public testing::Test {
 protected:
-    ~EnvironmentTest() override { qunsetenv(name); }
+    ~EnvironmentTest() override
+    {
+        qunsetenv(name);
+        qunsetenv(laterName);
+    }
 };
 
 TEST_F(EnvironmentTest, temporaryVariable_variableWasSet_isAsBeforeInTheEnd)
@@ -58,13 +63,12 @@ TEST_F(EnvironmentTest, temporaryVariable_variableWasNotSet_isNotSetInTheEnd)
 TEST_F(EnvironmentTest, moveToTheEnd_others_stayInTheirOrderBeforeIt)
 {
     qputenv(name, "value");
-    qputenv("SABLEQUILL_LATER", "other");
+    qputenv(laterName, "other");
     auto expected = variables();
-    ASSERT_EQ(expected.back(), "SABLEQUILL_LATER=other");
+    ASSERT_EQ(expected.back(), laterName + std::string("=other"));
     std::swap(expected[expected.size() - 2], expected.back());
     moveToTheEnd(name);
     EXPECT_EQ(variables(), expected);
-    qunsetenv("SABLEQUILL_LATER");
 }
 
 TEST_F(EnvironmentTest, moveToTheEnd_notSet_changesNothing)

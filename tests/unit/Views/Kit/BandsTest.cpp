@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <filesystem>
@@ -74,6 +75,27 @@ TEST(Bands, drawInBands_clippedPainter_staysInTheClip)
     EXPECT_LE(bands, 60 / 8 + 1);
 }
 
+TEST(Bands, clipToUpdate_edgesBetweenPixels_everyPixelOfTheRectIsPaintedAndFewAround)
+{
+    constexpr double scale = 1.5;
+    const QRect updated(21, 33, 40, 30);
+    QImage image(440, 320, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    clipToUpdate(painter, QPaintEvent(updated));
+    painter.fillRect(0, 0, 440, 320, Qt::black);
+    painter.end();
+    const QRect touched = QRectF(21 * scale, 33 * scale, 40 * scale, 30 * scale).toAlignedRect();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const bool isPainted = image.pixel(x, y) == qRgb(0, 0, 0);
+            ASSERT_TRUE(isPainted || !touched.contains(x, y)) << x << ' ' << y;
+            ASSERT_TRUE(!isPainted || touched.adjusted(-2, -2, 2, 2).contains(x, y))
+                << x << ' ' << y;
+        }
+}
+
 TEST(Bands, drawRoundedRect_penAndBrush_looksAsDrawnAtOnce)
 {
     const QImage banded = drawn([](QPainter& painter) {
@@ -82,6 +104,17 @@ TEST(Bands, drawRoundedRect_penAndBrush_looksAsDrawnAtOnce)
         drawRoundedRect(painter, card, 14);
     });
     EXPECT_EQ(banded, drawn(fillShape));
+}
+
+TEST(Bands, drawRoundedRect_thumbOfAScrollBar_startsNoThread)
+{
+    const auto before = threads();
+    drawn([](QPainter& painter) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0, 0, 0, 180));
+        drawRoundedRect(painter, QRectF(10, 10, 5, 300), 2.5);
+    });
+    EXPECT_EQ(threads(), before);
 }
 
 TEST(Bands, drawRoundedRect_circleOfAButton_startsNoThread)
